@@ -1,0 +1,40 @@
+# Each component's sources are collected by folder so that a new file needs no edit here.
+function(ardo_glob_sources out)
+  set(files)
+  foreach(dir IN LISTS ARGN)
+    file(GLOB found CONFIGURE_DEPENDS ${dir}/*.cpp)
+    list(APPEND files ${found})
+  endforeach()
+  set(${out} ${files} PARENT_SCOPE)
+endfunction()
+
+# A static library of the given source folders; empty folders give an interface library.
+function(ardo_component name)
+  cmake_parse_arguments(C "" "" "DIRS;DEPS" ${ARGN})
+  ardo_glob_sources(srcs ${C_DIRS})
+  if(srcs)
+    add_library(${name} STATIC ${srcs})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} PUBLIC ${C_DEPS})
+  else()
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} INTERFACE ${C_DEPS})
+  endif()
+endfunction()
+
+# One GoogleTest executable per test folder, registered with CTest.
+function(ardo_test_dir name)
+  cmake_parse_arguments(T "" "" "DIRS;DEPS" ${ARGN})
+  ardo_glob_sources(srcs ${T_DIRS})
+  if(NOT srcs)
+    return()
+  endif()
+  add_executable(${name} ${srcs})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PRIVATE ${T_DEPS} GTest::gtest GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE
+    ARDO_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+    ARDO_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()
