@@ -2,7 +2,7 @@
 function(ardo_glob_sources out)
   set(files)
   foreach(dir IN LISTS ARGN)
-    file(GLOB found CONFIGURE_DEPENDS ${dir}/*.cpp)
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS ${dir}/*.cpp)
     list(APPEND files ${found})
   endforeach()
   set(${out} ${files} PARENT_SCOPE)

@@ -1,0 +1,118 @@
+#include "support/ScriptedHost.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "host/CaseFold.h"
+
+namespace ardo::test {
+
+ScriptedHost::ScriptedHost() {
+    variables["CLAYER"] = ResBuf::str("0");
+    variables["TILEMODE"] = ResBuf::shortInt(1);
+    variables["CMDECHO"] = ResBuf::shortInt(1);
+    variables["PROGRAM"] = ResBuf::str("acad");
+    variables["LWUNITS"] = ResBuf::shortInt(1);
+    variables["CDATE"] = ResBuf::realNum(20261122.101530123);
+    bindHost(this);
+}
+
+ScriptedHost::~ScriptedHost() {
+    if (hasHost() && &host() == this) bindHost(nullptr);
+}
+
+int ScriptedHost::call(LispHandler handler, ResBufChain args) {
+    args_ = std::move(args);
+    result.clear();
+    return handler();
+}
+
+void ScriptedHost::clearOutput() {
+    printed.clear();
+    alerts.clear();
+    boxes.clear();
+    commands.clear();
+}
+
+int ScriptedHost::defun(const std::string& name, int code) {
+    if (code == defunFailsAt) return RTERROR;
+    defined[code] = name;
+    return RTNORM;
+}
+
+int ScriptedHost::undef(const std::string&, int code) {
+    defined.erase(code);
+    return RTNORM;
+}
+
+int ScriptedHost::regFunc(LispHandler handler, int code) {
+    if (handler) handlers[code] = handler;
+    else handlers.erase(code);
+    return RTNORM;
+}
+
+int ScriptedHost::queueExpr(const std::string& expression) {
+    queued.push_back(expression);
+    return RTNORM;
+}
+
+int ScriptedHost::retNil() { result = {ResBuf::marker(RTNIL)}; return RTNORM; }
+int ScriptedHost::retT() { result = {ResBuf::marker(RTT)}; return RTNORM; }
+int ScriptedHost::retVoid() { result = {ResBuf::marker(RTVOID)}; return RTNORM; }
+int ScriptedHost::retStr(const std::string& value) { result = {ResBuf::str(value)}; return RTNORM; }
+int ScriptedHost::retInt(int value) { result = {ResBuf::longInt(value)}; return RTNORM; }
+int ScriptedHost::retReal(double value) { result = {ResBuf::realNum(value)}; return RTNORM; }
+int ScriptedHost::retList(const ResBufChain& list) { result = list; return RTNORM; }
+
+MbAnswer ScriptedHost::messageBox(const std::string& text, const std::string& caption, MbButtons buttons,
+                                  MbIcon icon) {
+    boxes.push_back({text, caption, buttons, icon});
+    if (answers.empty()) return MbAnswer::Ok;
+    MbAnswer a = answers.front();
+    answers.pop_front();
+    return a;
+}
+
+int ScriptedHost::getVar(const std::string& name, ResBuf& value) const {
+    auto it = variables.find(upperCase(name));
+    if (it == variables.end()) return RTERROR;
+    value = it->second;
+    return RTNORM;
+}
+
+int ScriptedHost::setVar(const std::string& name, const ResBuf& value) {
+    variables[upperCase(name)] = value;
+    return RTNORM;
+}
+
+int ScriptedHost::command(const ResBufChain& tokens) {
+    commands.push_back(tokens);
+    return RTNORM;
+}
+
+// Colour lookups belong to the CAD host; the scripted host knows only plain numbers and
+// RGB triples, enough for tests that do not look at colour names.
+bool ScriptedHost::colorFromAciName(const std::string& text, HostColor& color) const {
+    char* end = nullptr;
+    long n = std::strtol(text.c_str(), &end, 10);
+    if (text.empty() || *end || n < 1 || n > 255) return false;
+    color = HostColor::fromIndex(int(n));
+    return true;
+}
+
+bool ScriptedHost::colorFromRgbName(const std::string& text, HostColor& color) const {
+    int r, g, b;
+    char tail;
+    if (std::sscanf(text.c_str(), "%d,%d,%d%c", &r, &g, &b, &tail) != 3) return false;
+    if (r < 0 || r > 255 || g < 0 || g > 255 || b < 0 || b > 255) return false;
+    color = HostColor::fromRgb(std::uint8_t(r), std::uint8_t(g), std::uint8_t(b));
+    return true;
+}
+
+bool ScriptedHost::colorFromColorBookName(const std::string&, const std::string&, HostColor&) const {
+    return false;
+}
+
+std::uint32_t ScriptedHost::rgbOfIndexColor(int) const { return 0; }
+
+}  // namespace ardo::test

@@ -1,0 +1,93 @@
+#pragma once
+// A host for tests of module logic: it records what the module printed and showed, answers
+// message boxes from a script, and keeps system variables. Drawing work goes to a real
+// drawing the test hands it.
+#include <deque>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "host/Host.h"
+
+namespace ardo::test {
+
+struct ShownBox {
+    std::string text;
+    std::string caption;
+    MbButtons buttons;
+    MbIcon icon;
+};
+
+class ScriptedHost : public Host {
+public:
+    ScriptedHost();
+    ~ScriptedHost() override;
+
+    // What the module did.
+    std::string printed;
+    std::vector<std::string> alerts;
+    std::vector<ShownBox> boxes;
+    std::vector<ResBufChain> commands;
+    std::vector<std::string> queued;
+    std::map<int, std::string> defined;     // code -> name
+    std::map<int, LispHandler> handlers;    // code -> handler
+
+    // The LISP result of the last call.
+    ResBufChain result;
+
+    // Answers for message boxes, in order; Ok when none is left.
+    std::deque<MbAnswer> answers;
+
+    std::map<std::string, ResBuf> variables;
+    HostDrawing* drawing = nullptr;
+    bool lockFails = false;
+    int defunFailsAt = -1;
+
+    // Calls a handler as the host would: sets the arguments, runs it, keeps the result.
+    int call(LispHandler handler, ResBufChain args);
+    void setArgs(ResBufChain args) { args_ = std::move(args); }
+    // Clears what was printed and shown.
+    void clearOutput();
+
+    int defun(const std::string& name, int code) override;
+    int undef(const std::string& name, int code) override;
+    int regFunc(LispHandler handler, int code) override;
+    int getFunCode() const override { return funCode_; }
+    void setFunCode(int code) { funCode_ = code; }
+    int queueExpr(const std::string& expression) override;
+
+    const ResBufChain& getArgs() const override { return args_; }
+    int retNil() override;
+    int retT() override;
+    int retVoid() override;
+    int retStr(const std::string& value) override;
+    int retInt(int value) override;
+    int retReal(double value) override;
+    int retList(const ResBufChain& list) override;
+
+    void print(const std::string& text) override { printed += text; }
+    void alert(const std::string& text) override { alerts.push_back(text); }
+    MbAnswer messageBox(const std::string& text, const std::string& caption, MbButtons buttons,
+                        MbIcon icon) override;
+
+    int getVar(const std::string& name, ResBuf& value) const override;
+    int setVar(const std::string& name, const ResBuf& value) override;
+    int command(const ResBufChain& tokens) override;
+
+    HostDrawing* workingDrawing() override { return drawing; }
+    bool lockDocument() override { return !lockFails; }
+    void unlockDocument() override {}
+    const void* currentDocument() const override { return this; }
+
+    bool colorFromAciName(const std::string& text, HostColor& color) const override;
+    bool colorFromRgbName(const std::string& text, HostColor& color) const override;
+    bool colorFromColorBookName(const std::string& book, const std::string& name,
+                                HostColor& color) const override;
+    std::uint32_t rgbOfIndexColor(int index) const override;
+
+private:
+    ResBufChain args_;
+    int funCode_ = -1;
+};
+
+}  // namespace ardo::test
