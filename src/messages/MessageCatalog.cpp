@@ -27,8 +27,8 @@ std::string dialogText(std::string text) {
     return text;
 }
 
-void showLoadProblem(const std::string& text) {
-    host().messageBox(text, catalogText(MsgKey::TiMsgBoxWarn), MbButtons::Ok, MbIcon::Exclamation);
+void showLoadProblem(const std::string& problem, const std::string& caption) {
+    host().messageBox(problem, caption, MbButtons::Ok, MbIcon::Exclamation);
 }
 
 }  // namespace
@@ -47,16 +47,16 @@ bool MessageCatalog::load(const std::string& path) {
     missingCount_ = 0;
     for (int i = 0; i < kMessageKeyCount; ++i) {
         const char* key = kCatalogRows[i].key;
-        std::string text = readProfileString("Ardo", key, "", path, kTextBuffer);
-        if (!text.empty()) {
-            texts_[size_t(i)] = dialogText(std::move(text));
+        std::string value = readProfileString("Ardo", key, "", path, kTextBuffer);
+        if (!value.empty()) {
+            texts_[size_t(i)] = dialogText(std::move(value));
             continue;
         }
-        if (missingCount_ == 0) showLoadProblem(format("message text not found: key '%s'", key));
+        if (missingCount_ == 0) showLoadProblem(format("message text not found: key '%s'", key), text(MsgKey::TiMsgBoxWarn));
         ++missingCount_;
     }
     if (missingCount_ < 2) return true;
-    showLoadProblem(format("%d message texts not found\n", missingCount_));
+    showLoadProblem(format("%d message texts not found\n", missingCount_), text(MsgKey::TiMsgBoxWarn));
     return false;
 }
 
