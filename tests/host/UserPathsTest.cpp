@@ -83,15 +83,19 @@ TEST_F(UserPathTest, AnEmptyUserNameMeansTheLoginName) {
     EXPECT_EQ(path, userRoot + "/" + login + "/");
 }
 
-// Runs the body in a child process under a user id that the password database does not
-// know; the child's exit status is the body's answer.
-bool asUnknownUser(const char* logname, bool (*body)(const char*)) {
+// In a child process under a user id that the password database does not know, with the
+// given LOGNAME (or none): true when the user name is the expected one and the user's
+// folder is formed and created under the root.
+bool formsFolderAsUnknownUser(const char* logname, const std::string& expected) {
     pid_t child = fork();
     if (child == 0) {
         if (setgroups(0, nullptr) != 0 || setgid(54321) != 0 || setuid(54321) != 0) _exit(2);
         if (logname) setenv("LOGNAME", logname, 1);
         else unsetenv("LOGNAME");
-        _exit(body(logname) ? 0 : 1);
+        std::string name, path;
+        getUserName(name);
+        const bool formed = getUserPath(path, "", "", true) == RTNORM && platform::folderExists(path);
+        _exit(name == expected && formed ? 0 : 1);
     }
     int status = 0;
     waitpid(child, &status, 0);
@@ -104,19 +108,10 @@ TEST_F(UserPathTest, AUserWhoseLoginNameCannotBeReadGetsTheDefaultFolder) {
     // The other user must reach the configuration and create folders under the root.
     std::filesystem::permissions(folder.path(), std::filesystem::perms::others_exec, std::filesystem::perm_options::add);
     std::filesystem::permissions(userRoot, std::filesystem::perms::all);
-    auto formsFolder = [](const char* expected) {
-        std::string path, name;
-        getUserName(name);
-        return name == expected && getUserPath(path, "", "", true) == RTNORM && platform::folderExists(path);
-    };
-    EXPECT_TRUE(asUnknownUser(nullptr, [](const char*) {
-        std::string path, name;
-        getUserName(name);
-        return name == "_Default" && getUserPath(path, "", "", true) == RTNORM;
-    }));
+    EXPECT_TRUE(formsFolderAsUnknownUser(nullptr, "_Default"));
     EXPECT_TRUE(platform::folderExists(userRoot + "/_Default"));
     // Where the database has no entry, the session's LOGNAME still names the user.
-    EXPECT_TRUE(asUnknownUser("berta", formsFolder));
+    EXPECT_TRUE(formsFolderAsUnknownUser("berta", "berta"));
     EXPECT_TRUE(platform::folderExists(userRoot + "/berta"));
 }
 

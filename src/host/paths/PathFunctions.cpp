@@ -94,7 +94,7 @@ int kemb_GetComputerName() {
 }
 
 int kemb_GetUserTempPath() {
-    CallFrame frame;
+    CallFrame frame;  // takes no argument and ignores any
     host().retStr(platform::tempFolder());
     return RSRSLT;
 }
