@@ -1,5 +1,6 @@
 #include "layers/ColorNearestIndex.h"
 
+#include <initializer_list>
 #include <limits>
 
 #include "host/Host.h"
