@@ -1,0 +1,53 @@
+#pragma once
+// The host's command line: commands the module and LISP code drive with tokens, as a user
+// would type them ("_.LAYER", "_FREEZE", "Wand", "" for Enter). A command may take its
+// input over several calls; it stays active until it ends.
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/ResBuf.h"
+
+namespace cadhost {
+
+class Drawing;
+
+class CommandProcessor {
+public:
+    struct Environment {
+        Drawing* drawing = nullptr;
+        // Command-line output (prompts and echoes when CMDECHO is 1, messages always).
+        std::function<void(const std::string&)> print;
+        // The entities of a LISP selection set named by an RTPICKS token.
+        std::function<std::vector<std::int64_t>(std::int64_t set)> selectionMembers;
+    };
+
+    explicit CommandProcessor(Environment env);
+    ~CommandProcessor();
+    CommandProcessor(const CommandProcessor&) = delete;
+    CommandProcessor& operator=(const CommandProcessor&) = delete;
+
+    // Switches to another drawing (a command in progress is cancelled).
+    void setDrawing(Drawing* drawing);
+
+    // Feeds command-line input. With no command active, the first token names the command
+    // ("_" and "." prefixes allowed). RTNORM when the input was taken; RTERROR for an
+    // unknown command or input the command refused (the command is then cancelled, as the
+    // host cancels a LISP (command) call).
+    int feed(const ardo::ResBufChain& tokens);
+    // True while a command waits for more input (CMDACTIVE bit 1).
+    bool active() const;
+    void cancel();
+    bool knows(const std::string& commandName) const;
+
+    // The previous selection set ("P"): set by "_select".
+    const std::vector<std::int64_t>& previousSelection() const;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace cadhost
