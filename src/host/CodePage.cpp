@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cctype>
+#include <cerrno>
 #include <cstdint>
 #include <unordered_map>
 
@@ -86,8 +87,13 @@ std::string iconvConvert(std::string_view in, const char* to, const char* from, 
             dstLeft = out.size() - used;
             continue;
         }
-        // An unconvertible character: keep going with a replacement.
-        if (dstLeft < 4) continue;
+        // An unconvertible or cut-off character: keep going with a replacement.
+        if (dstLeft < 1) {
+            size_t used = size_t(dst - out.data());
+            out.resize(out.size() * 2);
+            dst = out.data() + used;
+            dstLeft = out.size() - used;
+        }
         *dst++ = '?';
         --dstLeft;
         ++src;

@@ -30,7 +30,8 @@ bool replaceFile(const std::string& path, std::string_view bytes) {
     struct stat existing{};
     const bool exists = ::stat(path.c_str(), &existing) == 0;
     // A read-only file may not be replaced, as a plain open for writing would refuse it.
-    if (exists && ::access(path.c_str(), W_OK) != 0) return false;
+    // The mode bits count too: a privileged user passes access() for any file.
+    if (exists && ((existing.st_mode & 0222) == 0 || ::access(path.c_str(), W_OK) != 0)) return false;
 
     std::string pattern = path + ".tmp-XXXXXX";
     std::vector<char> name(pattern.begin(), pattern.end());

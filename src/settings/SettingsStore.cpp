@@ -19,6 +19,9 @@ void SettingsStore::appendLine(std::string line) {
     // A line feed that stands first is kept, as a line buffer leaves it.
     size_t lf = line.find('\n');
     if (lf != std::string::npos && lf != 0) line.resize(lf);
+    // Carriage returns before the line end belong to it (a CRLF file read as LF lines, or
+    // "\r\r\n"), so no value ends in one and a value survives being written and read again.
+    while (!line.empty() && line.back() == '\r') line.pop_back();
     if (line.empty()) return;
 
     if (line[0] == '[') {
@@ -36,6 +39,7 @@ void SettingsStore::appendLine(std::string line) {
     size_t eq = line.find('=');
     if (eq == std::string::npos || eq == 0 || line[0] == '/') return;
     SettingsRecord key;
+    key.keyLine = true;
     key.key = std::string(trimWhiteRight(std::string_view(line).substr(0, eq)));
     key.value = std::string(trimWhiteLeft(std::string_view(line).substr(eq + 1)));
     records_.push_back(std::move(key));
@@ -98,6 +102,7 @@ SettingsStore::Position SettingsStore::findOrCreateKey(Position header, const st
     auto it = findKey(header, key);
     if (it != records_.end()) return it;
     SettingsRecord record;
+    record.keyLine = true;
     record.key = key;
     return records_.insert(sectionEnd(header), std::move(record));
 }
@@ -105,7 +110,7 @@ SettingsStore::Position SettingsStore::findOrCreateKey(Position header, const st
 std::string SettingsStore::text() const {
     std::string out;
     for (const auto& r : records_) {
-        if (!r.key.empty()) {
+        if (!r.isSection()) {
             out += r.key;
             out += '=';
             out += r.value;

@@ -13,8 +13,10 @@ struct SettingsRecord {
     std::string section;  // set on a section-header record
     std::string key;      // set on a key record
     std::string value;    // key: text after "=", leading blanks removed; header: text after "]"
+    // A key line whose key trims to nothing (" = x") is still a key line, not a header.
+    bool keyLine = false;
 
-    bool isSection() const { return !section.empty() || key.empty(); }
+    bool isSection() const { return !keyLine && key.empty(); }
 };
 
 class SettingsStore {
