@@ -47,13 +47,18 @@ std::string expandLineFeeds(const std::string& text) {
     return out;
 }
 
-int MessageFile::text(const std::string& section, const std::string& key, std::string& result) {
-    result.clear();
-    if (!store_) return RTERROR;
+bool MessageFile::lookup(const std::string& section, const std::string& key, std::string& value) {
+    value.clear();
+    if (!store_) return false;
     auto header = findSection(section);
-    if (header == store_->end()) return RTERROR;
+    if (header == store_->end()) return false;
     auto record = store_->findKey(header, key);
-    if (record != store_->end()) result = record->value;
+    if (record != store_->end()) value = record->value;
+    return true;
+}
+
+int MessageFile::text(const std::string& section, const std::string& key, std::string& result) {
+    if (!lookup(section, key, result)) return RTERROR;
     if (!result.empty()) {
         result = expandLineFeeds(result);
         return RTNORM;

@@ -22,6 +22,10 @@ public:
     // the letter; the found section (or none) is remembered. end() when missing.
     SettingsStore::Position findSection(const std::string& section);
 
+    // The raw value of a key, found through the remembered section; empty when the key is
+    // missing or has no value. False, silently, when the section is missing.
+    bool lookup(const std::string& section, const std::string& key, std::string& value);
+
     // The text of a key with every backslash-n turned into a line feed. A missing key
     // prints the "MsgNotFound" text of section "LCINIT"; a missing section is silent.
     int text(const std::string& section, const std::string& key, std::string& result);

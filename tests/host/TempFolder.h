@@ -1,9 +1,11 @@
 #pragma once
-// A fresh folder under the system's temp folder for one test, removed with everything in it.
+// A fresh folder under the system's temporary folder for one test, removed with everything
+// in it afterwards.
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -12,22 +14,21 @@ namespace ardo::test {
 class TempFolder {
 public:
     TempFolder() {
-        const char* tmp = std::getenv("TMPDIR");
-        std::string pattern = std::string(tmp && *tmp ? tmp : "/tmp") + "/ardo-test-XXXXXX";
-        std::vector<char> name(pattern.begin(), pattern.end());
-        name.push_back('\0');
-        if (!::mkdtemp(name.data())) throw std::runtime_error("cannot make a temp folder");
-        path_ = name.data();
+        std::string pattern = (std::filesystem::temp_directory_path() / "ardo-test-XXXXXX").string();
+        if (!::mkdtemp(pattern.data())) throw std::runtime_error("cannot create a temporary folder");
+        path_ = pattern;
     }
     ~TempFolder() {
-        std::error_code ec;
-        std::filesystem::remove_all(path_, ec);
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
     }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
-    std::string file(const std::string& name) const { return path_ + "/" + name; }
-    const std::string& path() const { return path_; }
+    const std::filesystem::path& path() const { return path_; }
+    // A path inside the folder, as the module's string paths are given.
+    std::string file(const std::string& name) const { return (path_ / name).string(); }
+    std::string operator/(const std::string& name) const { return file(name); }
 
     // Writes bytes as they are and returns the file's path.
     std::string write(const std::string& name, const std::string& bytes) const {
@@ -45,7 +46,7 @@ public:
     }
 
 private:
-    std::string path_;
+    std::filesystem::path path_;
 };
 
 inline std::string readBytes(const std::string& path) {
