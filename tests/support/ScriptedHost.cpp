@@ -1,8 +1,5 @@
 #include "support/ScriptedHost.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 #include "host/CaseFold.h"
 
 namespace ardo::test {
@@ -90,29 +87,19 @@ int ScriptedHost::command(const ResBufChain& tokens) {
     return RTNORM;
 }
 
-// Colour lookups belong to the CAD host; the scripted host knows only plain numbers and
-// RGB triples, enough for tests that do not look at colour names.
 bool ScriptedHost::colorFromAciName(const std::string& text, HostColor& color) const {
-    char* end = nullptr;
-    long n = std::strtol(text.c_str(), &end, 10);
-    if (text.empty() || *end || n < 1 || n > 255) return false;
-    color = HostColor::fromIndex(int(n));
-    return true;
+    return colors.fromAciName(text, color);
 }
 
 bool ScriptedHost::colorFromRgbName(const std::string& text, HostColor& color) const {
-    int r, g, b;
-    char tail;
-    if (std::sscanf(text.c_str(), "%d,%d,%d%c", &r, &g, &b, &tail) != 3) return false;
-    if (r < 0 || r > 255 || g < 0 || g > 255 || b < 0 || b > 255) return false;
-    color = HostColor::fromRgb(std::uint8_t(r), std::uint8_t(g), std::uint8_t(b));
-    return true;
+    return colors.fromRgbName(text, color);
 }
 
-bool ScriptedHost::colorFromColorBookName(const std::string&, const std::string&, HostColor&) const {
-    return false;
+bool ScriptedHost::colorFromColorBookName(const std::string& book, const std::string& name,
+                                          HostColor& color) const {
+    return colors.fromColorBookName(book, name, color);
 }
 
-std::uint32_t ScriptedHost::rgbOfIndexColor(int) const { return 0; }
+std::uint32_t ScriptedHost::rgbOfIndexColor(int index) const { return colors.rgbOfIndex(index); }
 
 }  // namespace ardo::test

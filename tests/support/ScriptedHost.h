@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "cadhost/colors/ColorServices.h"
 #include "host/Host.h"
 
 namespace ardo::test {
@@ -41,6 +42,8 @@ public:
     std::map<std::string, ResBuf> variables;
     HostDrawing* drawing = nullptr;
     bool lockFails = false;
+    // The CAD host's own colour services; tests switch its language to German.
+    cadhost::ColorServices colors;
     int defunFailsAt = -1;
 
     // Calls a handler as the host would: sets the arguments, runs it, keeps the result.

@@ -1,0 +1,230 @@
+// Opening, indexing and saving a drawing.
+#include "cadhost/drawing/Drawing.h"
+
+#include <cerrno>
+#include <cstring>
+
+#include "cadhost/drawing/Template.h"
+#include "host/CaseFold.h"
+#include "host/FileReplace.h"
+#include "host/TextFile.h"
+#include "cadhost/dxf/TagValue.h"
+
+namespace cadhost {
+
+namespace {
+DxfDocument parseTemplate() {
+    auto parsed = DxfDocument::parse(templateDxf());
+    return std::move(std::get<DxfDocument>(parsed));   // the template is tested to parse
+}
+}  // namespace
+
+std::string foldName(std::string_view utf8) { return ardo::upperCase(utf8); }
+
+Drawing::Drawing() : Drawing(parseTemplate()) {
+    index();
+    path_ = "Drawing1.dxf";
+}
+
+Drawing::Drawing(DxfDocument doc) : doc_(std::move(doc)) {}
+Drawing::~Drawing() = default;
+Drawing::Drawing(Drawing&&) noexcept = default;
+Drawing& Drawing::operator=(Drawing&&) noexcept = default;
+
+std::variant<Drawing, std::string> Drawing::open(const std::string& path) {
+    errno = 0;
+    auto bytes = ardo::readFileBytes(path);
+    if (!bytes)
+        return "Cannot open \"" + path + "\": " + (errno ? std::strerror(errno) : "it cannot be read") +
+               ". Check the name and your access rights.";
+    return fromBytes(std::move(*bytes), path);
+}
+
+std::variant<Drawing, std::string> Drawing::fromBytes(std::string bytes, const std::string& path) {
+    const std::string where = path.empty() ? std::string("DXF") : "\"" + path + "\"";
+    auto parsed = DxfDocument::parse(std::move(bytes));
+    if (auto* e = std::get_if<DxfError>(&parsed)) return "Cannot open " + where + ". " + e->message;
+    Drawing d(std::move(std::get<DxfDocument>(parsed)));
+    if (auto e = d.index()) return "Cannot open " + where + ". " + *e;
+    d.path_ = path;
+    return d;
+}
+
+std::optional<std::string> Drawing::index() {
+    for (RecordId id = doc_.first(); id != kNoRecord; id = doc_.next(id)) {
+        const auto tags = doc_.tags(id);
+        if (tags[0].value != "SECTION") continue;
+        const std::string_view name = tags[1].value;
+        if (name == "HEADER") {
+            header_ = id;
+            indexHeader();
+        } else if (name == "TABLES") {
+            id = indexTables(doc_.next(id));
+        } else if (name == "BLOCKS") {
+            id = indexBlocks(doc_.next(id));
+        } else if (name == "ENTITIES") {
+            id = indexEntities(doc_.next(id));
+        } else if (name == "OBJECTS") {
+            id = indexObjects(doc_.next(id));
+            objectsEnd_ = id;
+        }
+    }
+    const auto ver = headerVar("$ACADVER");
+    version_ = ver && ver->size() > 1 ? std::string((*ver)[1].value) : std::string("AC1009");
+    const auto cp = headerVar("$DWGCODEPAGE");
+    codec_ = DxfTextCodec::forDrawing(version_, cp && cp->size() > 1 ? (*cp)[1].value : std::string_view());
+    if (const auto seed = headerVar("$HANDSEED"); seed && seed->size() > 1)
+        nextHandle_ = std::max(nextHandle_, toHandle((*seed)[1].value));
+    return std::nullopt;
+}
+
+void Drawing::indexHeader() {
+    headerIndex_.clear();
+    const auto tags = doc_.tags(header_);
+    for (std::size_t i = 0; i < tags.size(); ++i)
+        if (tags[i].code == 9) headerIndex_.emplace(std::string(tags[i].value), i);
+}
+
+void Drawing::indexHandle(RecordId id) {
+    const auto tags = doc_.tags(id);
+    if (tags.size() < 2 || (tags[1].code != 5 && tags[1].code != 105)) return;
+    const Handle h = toHandle(tags[1].value);
+    if (h == 0) return;
+    byHandle_.emplace(h, id);
+    nextHandle_ = std::max(nextHandle_, h + 1);
+}
+
+RecordId Drawing::indexTables(RecordId id) {
+    Table* current = nullptr;
+    for (; id != kNoRecord; id = doc_.next(id)) {
+        const auto tags = doc_.tags(id);
+        const std::string_view type = tags[0].value;
+        if (type == "ENDSEC") return id;
+        indexHandle(id);
+        if (type == "TABLE") {
+            const auto name = tagValue(tags, 2);
+            current = &tables_[std::string(name.value_or(""))];
+            current->head = id;
+        } else if (type == "ENDTAB") {
+            if (current) current->end = id;
+            current = nullptr;
+        } else if (current) {
+            current->records.push_back(id);
+            if (type == "LAYER")
+                if (const auto name = tagValue(tags, 2)) layerByName_.emplace(foldName(text(*name)), id);
+        }
+    }
+    return kNoRecord;
+}
+
+std::uint32_t Drawing::addEntity(RecordId record, std::int32_t block, RecordId& cursor) {
+    Entity e;
+    e.record = record;
+    e.last = record;
+    e.block = block;
+    const auto tags = doc_.tags(record);
+    if (tags.size() > 1 && tags[1].code == 5) e.handle = toHandle(tags[1].value);
+    const std::string_view type = tags[0].value;
+    // Vertices and attributes are part of their POLYLINE or INSERT, up to SEQEND.
+    if (type == "POLYLINE" || type == "INSERT") {
+        for (RecordId n = doc_.next(record); n != kNoRecord; n = doc_.next(n)) {
+            const std::string_view sub = doc_.type(n);
+            if (sub != "VERTEX" && sub != "ATTRIB" && sub != "SEQEND") break;
+            indexHandle(n);
+            e.last = n;
+            if (sub == "SEQEND") break;
+        }
+    }
+    cursor = e.last;
+    indexHandle(record);
+    const auto index = static_cast<std::uint32_t>(entities_.size());
+    if (e.handle != 0) entityByHandle_.emplace(e.handle, index);
+    entities_.push_back(e);
+    return index;
+}
+
+RecordId Drawing::indexBlocks(RecordId id) {
+    std::int32_t current = -1;
+    for (; id != kNoRecord; id = doc_.next(id)) {
+        const auto tags = doc_.tags(id);
+        const std::string_view type = tags[0].value;
+        if (type == "ENDSEC") return id;
+        if (type == "BLOCK") {
+            indexHandle(id);
+            Block b;
+            b.name = text(tagValue(tags, 2).value_or(""));
+            b.record = id;
+            current = static_cast<std::int32_t>(blocks_.size());
+            blockByName_.emplace(foldName(b.name), current);
+            blocks_.push_back(std::move(b));
+        } else if (type == "ENDBLK") {
+            indexHandle(id);
+            current = -1;
+        } else {
+            RecordId cursor = id;
+            const std::uint32_t e = addEntity(id, current, cursor);
+            if (current >= 0) blocks_[current].entities.push_back(e);
+            id = cursor;
+        }
+    }
+    return kNoRecord;
+}
+
+RecordId Drawing::indexEntities(RecordId id) {
+    spaceEntities_.reserve(spaceEntities_.size() + doc_.recordCapacity() / 2);
+    for (; id != kNoRecord; id = doc_.next(id)) {
+        if (doc_.type(id) == "ENDSEC") return id;
+        RecordId cursor = id;
+        spaceEntities_.push_back(addEntity(id, -1, cursor));
+        id = cursor;
+    }
+    return kNoRecord;
+}
+
+RecordId Drawing::indexObjects(RecordId id) {
+    for (; id != kNoRecord; id = doc_.next(id)) {
+        if (doc_.type(id) == "ENDSEC") return id;
+        indexHandle(id);
+        objects_.push_back(id);
+    }
+    return kNoRecord;
+}
+
+std::optional<std::string_view> Drawing::tagValue(std::span<const DxfTag> tags, int code) {
+    for (const DxfTag& t : tags)
+        if (t.code == code) return t.value;
+    return std::nullopt;
+}
+
+std::string Drawing::handleText(Handle h) const { return handleToText(h); }
+
+Handle Drawing::takeHandle() {
+    if (!hasHandles()) return 0;
+    handSeedChanged_ = true;
+    return nextHandle_++;
+}
+
+std::optional<RecordId> Drawing::recordByHandle(std::string_view text) const {
+    const auto it = byHandle_.find(toHandle(text));
+    if (it == byHandle_.end()) return std::nullopt;
+    return it->second;
+}
+
+std::string Drawing::toDxf() {
+    if (handSeedChanged_) {
+        setHeaderVar("$HANDSEED", {{5, handleText(nextHandle_)}});
+        handSeedChanged_ = false;
+    }
+    return doc_.serialize();
+}
+
+std::optional<std::string> Drawing::save(const std::string& path) {
+    errno = 0;
+    if (!ardo::replaceFile(path, toDxf()))
+        return "Cannot save \"" + path + "\": " + (errno ? std::strerror(errno) : "the file is read-only") +
+               ". The file was left as it was; check the folder's access rights and free space.";
+    path_ = path;
+    return std::nullopt;
+}
+
+}  // namespace cadhost

@@ -1,0 +1,217 @@
+#pragma once
+// The drawing database of ardo-cad: one DXF drawing in memory, with the layer and linetype
+// tables, the named-object dictionary, the entities of model space, paper space and blocks,
+// and the system variables. Records the host does not change keep their original bytes, so
+// saving an unchanged drawing writes the file as it was read.
+//
+// Text going in and out of this API is UTF-8; the file's encoding is handled inside.
+// Names of layers, linetypes, dictionaries and their entries compare without regard to case.
+// Entities are named by their DXF handle (the hexadecimal group 5 as a number); the LISP side
+// uses that number as the entity name's id.
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <variant>
+#include <vector>
+
+#include "cadhost/drawing/Geometry.h"
+#include "cadhost/dxf/DxfDocument.h"
+#include "cadhost/dxf/DxfText.h"
+#include "host/HostDrawing.h"
+#include "host/ResBuf.h"
+
+namespace cadhost {
+
+using Handle = std::uint64_t;
+
+enum class Space { Model, Paper, Block };
+
+// What the host knows of one entity without reading all its tags.
+struct EntityInfo {
+    Handle handle = 0;
+    std::string type;     // "LINE", "INSERT", ... as in the file
+    std::string layer;
+    Space space = Space::Model;
+    std::string block;    // owning block's name when space is Block
+};
+
+// One tag of an entity as text, decoded to UTF-8.
+struct EntityTag {
+    int code = 0;
+    std::string value;
+    bool operator==(const EntityTag&) const = default;
+};
+
+class Drawing final : public ardo::HostDrawing {
+public:
+    // A new, empty drawing made from the built-in template (AutoCAD 2018 format, named plot
+    // styles off, layer "0" and linetypes ByBlock, ByLayer, Continuous).
+    Drawing();
+    ~Drawing() override;
+    Drawing(Drawing&&) noexcept;
+    Drawing& operator=(Drawing&&) noexcept;
+
+    // Reads a DXF file. On failure the result is a message for the user naming the file,
+    // the line and what to do.
+    static std::variant<Drawing, std::string> open(const std::string& path);
+    // Reads DXF bytes; `path` only sets DWGNAME and DWGPREFIX.
+    static std::variant<Drawing, std::string> fromBytes(std::string bytes, const std::string& path = {});
+
+    // Writes the drawing as ASCII DXF, replacing the file atomically (temporary file beside
+    // it, then rename). Returns the error message, or nothing on success. The path becomes
+    // the drawing's DWGNAME/DWGPREFIX.
+    std::optional<std::string> save(const std::string& path);
+    // The DXF text as save() writes it.
+    std::string toDxf();
+
+    std::string_view acadVersion() const { return version_; }
+    const DxfDocument& document() const { return doc_; }
+
+    // --- ardo::HostDrawing -------------------------------------------------------------
+    ardo::DbStatus forEachLayer(const std::function<bool(const ardo::LayerRecord&)>& visit) const override;
+    std::optional<ardo::LayerRecord> findLayer(const std::string& name) const override;
+    ardo::DbStatus addLayer(const ardo::LayerRecord& record) override;
+    // The plot style must be a place-holder of "ACAD_PLOTSTYLENAME" (KeyNotFound otherwise).
+    ardo::DbStatus setLayerPlotStyleName(const std::string& layer, const std::string& plotStyle) override;
+    bool hasLinetype(const std::string& name) const override;
+    // FileNotFound when the file cannot be read, KeyNotFound when it lacks the linetype,
+    // DuplicateRecordName when the drawing has it already.
+    ardo::DbStatus loadLinetype(const std::string& name, const std::string& linFile) override;
+    bool isContinuousLinetype(const std::string& name) const override;
+    bool usesNamedPlotStyles() const override;
+    bool hasDictionary(const std::string& name) const override;
+    ardo::DbStatus addDictionary(const std::string& name) override;
+    // An entry that exists already is kept (layers may refer to it); the result is Ok.
+    ardo::DbStatus addPlaceHolder(const std::string& dictionary, const std::string& entry) override;
+    bool hasDictionaryEntry(const std::string& dictionary, const std::string& entry) const override;
+
+    // --- more layer work for the host's commands --------------------------------------
+    // Changes an existing layer (found by record.name) to the given properties; tags it
+    // does not own (extended data, reactors, other applications' groups) are kept.
+    ardo::DbStatus updateLayer(const ardo::LayerRecord& record);
+    std::vector<std::string> linetypeNames() const;
+
+    // --- system variables -------------------------------------------------------------
+    // "CLAYER", "TILEMODE", "CMDECHO", "CDATE", "LWUNITS", "LWDEFAULT", "LWDISPLAY",
+    // "PROGRAM", "CMDACTIVE", "FILEDIA", "DWGNAME", "DWGPREFIX", and every variable of the
+    // drawing's header by its name without "$". Nothing for unknown names.
+    std::optional<ardo::ResBuf> getVar(std::string_view name) const;
+    // Header variables are written back into the header. CDATE, DWGNAME, DWGPREFIX,
+    // PROGRAM and CMDACTIVE are read-only (InvalidInput); CLAYER must name a layer.
+    ardo::DbStatus setVar(std::string_view name, const ardo::ResBuf& value);
+    // For the command processor, which alone knows whether a command runs.
+    void setCommandActive(int bits) { cmdActive_ = bits; }
+
+    // --- entities ---------------------------------------------------------------------
+    // Entities of model and paper space in file order (block contents and the vertices
+    // and attributes that belong to a POLYLINE or INSERT are not visited).
+    std::optional<Handle> firstEntity() const;
+    std::optional<Handle> nextEntity(Handle handle) const;
+    void forEachEntity(const std::function<bool(const EntityInfo&)>& visit) const;
+    std::size_t entityCount() const;
+    std::optional<EntityInfo> entity(Handle handle) const;
+    // The entity's own tags as in the file (extended data included), decoded to UTF-8.
+    std::vector<EntityTag> entityTags(Handle handle) const;
+    // The entity list as entget returns it: (-1 . name) first, points joined, values typed
+    // by group code; handles of other objects as entity names; no extended data.
+    ardo::ResBufChain entityList(Handle handle) const;
+    // Geometric extents for LINE, LWPOLYLINE, POLYLINE, CIRCLE, ARC, ELLIPSE, POINT, TEXT,
+    // MTEXT, INSERT, HATCH, SOLID and SPLINE; nothing for other types. Texts are estimated
+    // from height and character count. Coordinates of 2D entities are taken as world
+    // coordinates (extrusion (0,0,1)).
+    std::optional<Extents> extents(Handle handle) const;
+    // Viewports (VIEWPORT entities) and the layers frozen in them (group 341).
+    std::vector<Handle> viewports() const;
+    std::vector<std::string> viewportFrozenLayers(Handle viewport) const;
+
+private:
+    struct Table {
+        RecordId head = kNoRecord, end = kNoRecord;
+        std::vector<RecordId> records;
+    };
+    struct Entity {
+        RecordId record = kNoRecord;
+        RecordId last = kNoRecord;   // last of the VERTEX/ATTRIB/SEQEND records that belong to it
+        Handle handle = 0;
+        std::int32_t block = -1;     // index into blocks_, -1 for model and paper space
+    };
+    struct Block {
+        std::string name;
+        RecordId record = kNoRecord;
+        std::vector<std::uint32_t> entities;
+    };
+
+    explicit Drawing(DxfDocument doc);
+    std::optional<std::string> index();
+    void indexHeader();
+    RecordId indexTables(RecordId first);
+    RecordId indexBlocks(RecordId first);
+    RecordId indexEntities(RecordId first);
+    RecordId indexObjects(RecordId first);
+    void indexHandle(RecordId id);
+    std::uint32_t addEntity(RecordId record, std::int32_t block, RecordId& cursor);
+
+    // Text and tags
+    std::string text(std::string_view fileText) const { return codec_.decode(fileText); }
+    std::string fileText(std::string_view utf8) const { return codec_.encode(utf8); }
+    static std::optional<std::string_view> tagValue(std::span<const DxfTag> tags, int code);
+    std::string handleText(Handle h) const;
+    Handle takeHandle();
+    bool hasHandles() const { return nextHandle_ != 0; }
+    bool isR12() const { return version_ < "AC1012"; }
+
+    // Header
+    std::optional<std::span<const DxfTag>> headerVar(std::string_view name) const;
+    bool setHeaderVar(std::string_view name, std::vector<OwnedTag> values);
+
+    // Tables
+    const Table* table(std::string_view name) const;
+    std::optional<RecordId> findTableRecord(std::string_view table, std::string_view name) const;
+    RecordId addTableRecord(std::string_view table, std::vector<OwnedTag> tags);
+    std::string tableHandle(std::string_view table) const;
+    ardo::LayerRecord layerFromTags(std::span<const DxfTag> tags) const;
+    std::vector<OwnedTag> layerTags(const ardo::LayerRecord& record) const;
+    RecordId ensureTextStyle(std::string_view name, std::string_view font, bool shapeFile);
+
+    // Objects
+    std::optional<RecordId> rootDictionary() const;
+    std::optional<RecordId> dictionaryEntry(RecordId dictionary, std::string_view name) const;
+    std::optional<std::string> dictionaryEntryName(RecordId dictionary, std::string_view handle) const;
+    std::optional<RecordId> namedDictionary(std::string_view name) const;
+    RecordId addObject(std::vector<OwnedTag> tags);
+    void addDictionaryEntry(RecordId dictionary, std::string_view name, std::string_view handle);
+    std::optional<RecordId> recordByHandle(std::string_view handleText) const;
+
+    // Entities
+    const Entity* findEntity(Handle handle) const;
+    std::optional<Extents> entityExtents(const Entity& e, int depth) const;
+    std::optional<Extents> blockExtents(std::int32_t block, int depth) const;
+
+    DxfDocument doc_;
+    DxfTextCodec codec_;
+    std::string version_;
+    std::string path_;
+    RecordId header_ = kNoRecord, objectsEnd_ = kNoRecord;
+    std::unordered_map<std::string, std::size_t> headerIndex_;   // "$NAME" -> index of its 9 tag
+    std::unordered_map<std::string, Table> tables_;
+    std::unordered_map<std::string, RecordId> layerByName_;      // folded name
+    std::unordered_map<Handle, RecordId> byHandle_;
+    std::vector<Entity> entities_;
+    std::vector<std::uint32_t> spaceEntities_;                   // model and paper space, file order
+    std::unordered_map<Handle, std::uint32_t> entityByHandle_;
+    std::vector<Block> blocks_;
+    std::unordered_map<std::string, std::int32_t> blockByName_;  // folded name
+    std::vector<RecordId> objects_;
+    Handle nextHandle_ = 0;
+    bool handSeedChanged_ = false;
+    int cmdEcho_ = 1, fileDia_ = 1, cmdActive_ = 0, lwUnits_ = 1, lwDefault_ = 25;
+};
+
+// Names compared without regard to case fold to this key (the host's case folding).
+std::string foldName(std::string_view utf8);
+
+}  // namespace cadhost

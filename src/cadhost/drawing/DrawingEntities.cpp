@@ -1,0 +1,116 @@
+// Entity access by handle and in file order, entity lists and viewports.
+#include "cadhost/drawing/Drawing.h"
+#include "cadhost/dxf/GroupCode.h"
+#include "cadhost/dxf/TagValue.h"
+
+namespace cadhost {
+
+const Drawing::Entity* Drawing::findEntity(Handle handle) const {
+    const auto it = entityByHandle_.find(handle);
+    if (it == entityByHandle_.end() || doc_.isErased(entities_[it->second].record)) return nullptr;
+    return &entities_[it->second];
+}
+
+std::optional<Handle> Drawing::firstEntity() const {
+    for (std::uint32_t i : spaceEntities_)
+        if (!doc_.isErased(entities_[i].record) && entities_[i].handle) return entities_[i].handle;
+    return std::nullopt;
+}
+
+std::optional<Handle> Drawing::nextEntity(Handle handle) const {
+    const auto it = entityByHandle_.find(handle);
+    if (it == entityByHandle_.end() || entities_[it->second].block >= 0) return std::nullopt;
+    // Entities of model and paper space were indexed in file order, so the position in
+    // spaceEntities_ follows from the entity's index by binary search.
+    auto pos = std::lower_bound(spaceEntities_.begin(), spaceEntities_.end(), it->second);
+    for (++pos; pos != spaceEntities_.end(); ++pos)
+        if (!doc_.isErased(entities_[*pos].record) && entities_[*pos].handle) return entities_[*pos].handle;
+    return std::nullopt;
+}
+
+std::size_t Drawing::entityCount() const { return spaceEntities_.size(); }
+
+std::optional<EntityInfo> Drawing::entity(Handle handle) const {
+    const Entity* e = findEntity(handle);
+    if (!e) return std::nullopt;
+    const auto tags = doc_.tags(e->record);
+    EntityInfo info;
+    info.handle = e->handle;
+    info.type = std::string(tags[0].value);
+    info.layer = text(tagValue(tags, 8).value_or("0"));
+    if (e->block >= 0) {
+        info.space = Space::Block;
+        info.block = blocks_[e->block].name;
+    } else {
+        info.space = toInteger(tagValue(tags, 67).value_or("0")) == 1 ? Space::Paper : Space::Model;
+    }
+    return info;
+}
+
+void Drawing::forEachEntity(const std::function<bool(const EntityInfo&)>& visit) const {
+    for (std::uint32_t i : spaceEntities_) {
+        if (doc_.isErased(entities_[i].record) || !entities_[i].handle) continue;
+        if (!visit(*entity(entities_[i].handle))) return;
+    }
+}
+
+std::vector<EntityTag> Drawing::entityTags(Handle handle) const {
+    std::vector<EntityTag> out;
+    if (const Entity* e = findEntity(handle))
+        for (const DxfTag& t : doc_.tags(e->record)) out.push_back({t.code, text(t.value)});
+    return out;
+}
+
+ardo::ResBufChain Drawing::entityList(Handle handle) const {
+    ardo::ResBufChain out;
+    const Entity* e = findEntity(handle);
+    if (!e) return out;
+    ardo::ResBuf name = ardo::ResBuf::entityName(static_cast<std::int64_t>(handle));
+    name.restype = -1;
+    out.push_back(name);
+    const auto tags = doc_.tags(e->record);
+    for (std::size_t i = 0; i < tags.size() && tags[i].code != 1001; ++i) {
+        ardo::ResBuf r;
+        r.restype = static_cast<short>(tags[i].code);
+        if (startsPoint(tags[i].code)) {
+            std::size_t n = 0;
+            for (; n < 3 && i + n < tags.size() && tags[i + n].code == tags[i].code + 10 * static_cast<int>(n); ++n)
+                r.point[n] = toDouble(tags[i + n].value);
+            i += n - 1;
+        } else {
+            switch (valueKind(tags[i].code)) {
+                case ValueKind::Double: r.real = toDouble(tags[i].value); break;
+                case ValueKind::Int16:
+                case ValueKind::Int32:
+                case ValueKind::Int64:
+                case ValueKind::Bool: r.integer = toInteger(tags[i].value); break;
+                case ValueKind::Handle: r.integer = static_cast<std::int64_t>(toHandle(tags[i].value)); break;
+                default: r.text = text(tags[i].value); break;
+            }
+        }
+        out.push_back(std::move(r));
+    }
+    return out;
+}
+
+std::vector<Handle> Drawing::viewports() const {
+    std::vector<Handle> out;
+    for (const Entity& e : entities_)
+        if (!doc_.isErased(e.record) && e.handle && doc_.type(e.record) == "VIEWPORT") out.push_back(e.handle);
+    return out;
+}
+
+std::vector<std::string> Drawing::viewportFrozenLayers(Handle viewport) const {
+    std::vector<std::string> out;
+    const Entity* e = findEntity(viewport);
+    if (!e) return out;
+    for (const DxfTag& t : doc_.tags(e->record)) {
+        if (t.code == 1001) break;
+        if (t.code != 341) continue;
+        if (const auto layer = recordByHandle(t.value))
+            out.push_back(text(tagValue(doc_.tags(*layer), 2).value_or("")));
+    }
+    return out;
+}
+
+}  // namespace cadhost

@@ -1,0 +1,231 @@
+// The layer table and the symbol-table plumbing it shares with linetypes and styles.
+#include <algorithm>
+
+#include "cadhost/drawing/Drawing.h"
+#include "cadhost/dxf/TagEdit.h"
+#include "cadhost/dxf/TagValue.h"
+
+namespace cadhost {
+
+using ardo::DbStatus;
+using ardo::HostColor;
+using ardo::LayerRecord;
+
+namespace {
+
+bool isValidSymbolName(const std::string& name) {
+    return !name.empty() && name.find_first_of("<>/\\\":;?*|=`") == std::string::npos;
+}
+
+// Group 62 of a layer: the colour index, negative while the layer is off.
+int colorNumber(const LayerRecord& r) {
+    int index = r.color.method == HostColor::Method::Index ? r.color.index : 7;
+    if (index < 1 || index > 255) index = 7;
+    return r.isOff ? -index : index;
+}
+
+int layerFlags(const LayerRecord& r) {
+    return (r.isFrozen ? 1 : 0) | (r.frozenInNewViewports ? 2 : 0) | (r.isLocked ? 4 : 0);
+}
+
+bool hasRgb(const HostColor& c) {
+    return c.method == HostColor::Method::TrueColor || c.method == HostColor::Method::ColorBook;
+}
+
+}  // namespace
+
+const Drawing::Table* Drawing::table(std::string_view name) const {
+    const auto it = tables_.find(std::string(name));
+    return it == tables_.end() ? nullptr : &it->second;
+}
+
+std::optional<RecordId> Drawing::findTableRecord(std::string_view tableName, std::string_view name) const {
+    const std::string key = foldName(name);
+    if (tableName == "LAYER") {
+        const auto it = layerByName_.find(key);
+        if (it == layerByName_.end() || doc_.isErased(it->second)) return std::nullopt;
+        return it->second;
+    }
+    const Table* t = table(tableName);
+    if (!t) return std::nullopt;
+    for (RecordId id : t->records) {
+        const auto value = tagValue(doc_.tags(id), 2);
+        if (!doc_.isErased(id) && value && foldName(text(*value)) == key) return id;
+    }
+    return std::nullopt;
+}
+
+std::string Drawing::tableHandle(std::string_view tableName) const {
+    const Table* t = table(tableName);
+    if (!t) return "0";
+    const auto tags = doc_.tags(t->head);
+    return std::string(tagValue(tags, 5).value_or("0"));
+}
+
+RecordId Drawing::addTableRecord(std::string_view tableName, std::vector<OwnedTag> tags) {
+    Table& t = tables_.at(std::string(tableName));
+    const RecordId id = doc_.insertBefore(t.end, std::move(tags));
+    t.records.push_back(id);
+    indexHandle(id);
+    // The table head counts its records; keep the count no smaller than the truth.
+    std::vector<OwnedTag> head = doc_.copyTags(t.head);
+    const auto count = std::find_if(head.begin(), head.end(), [](const OwnedTag& x) { return x.code == 70; });
+    if (count != head.end() && toInteger(count->value) < static_cast<long long>(t.records.size())) {
+        count->value = std::to_string(t.records.size());
+        doc_.replace(t.head, std::move(head));
+    }
+    return id;
+}
+
+LayerRecord Drawing::layerFromTags(std::span<const DxfTag> tags) const {
+    LayerRecord r;
+    r.plotStyleName = "Normal";
+    r.color = HostColor::fromIndex(7);
+    std::optional<std::string> book;
+    std::optional<std::uint32_t> rgb;
+    for (const DxfTag& t : tags) {
+        if (t.code == 1001) break;   // extended data follows
+        switch (t.code) {
+            case 2: r.name = text(t.value); break;
+            case 70: {
+                const auto flags = toInteger(t.value);
+                r.isFrozen = flags & 1;
+                r.frozenInNewViewports = flags & 2;
+                r.isLocked = flags & 4;
+                break;
+            }
+            case 62: {
+                const auto n = toInteger(t.value, 7);
+                r.isOff = n < 0;
+                r.color = HostColor::fromIndex(static_cast<int>(n < 0 ? -n : n));
+                break;
+            }
+            case 420: rgb = static_cast<std::uint32_t>(toInteger(t.value)); break;
+            case 430: book = text(t.value); break;
+            case 6: r.linetype = text(t.value); break;
+            case 370: r.lineweight = static_cast<int>(toInteger(t.value, -3)); break;
+            case 290: r.isPlottable = toInteger(t.value, 1) != 0; break;
+            case 390:
+                if (const auto dict = namedDictionary("ACAD_PLOTSTYLENAME"))
+                    if (auto name = dictionaryEntryName(*dict, t.value)) r.plotStyleName = *name;
+                break;
+            default: break;
+        }
+    }
+    if (rgb) {
+        const int index = r.color.index;
+        r.color = HostColor::fromRgb((*rgb >> 16) & 0xFF, (*rgb >> 8) & 0xFF, *rgb & 0xFF);
+        r.color.index = index;
+        if (book) {
+            // Group 430 is "BOOK$COLOR".
+            const auto dollar = book->find('$');
+            r.color.method = HostColor::Method::ColorBook;
+            r.color.bookName = book->substr(0, dollar);
+            r.color.colorName = dollar == std::string::npos ? std::string() : book->substr(dollar + 1);
+        }
+    }
+    return r;
+}
+
+DbStatus Drawing::forEachLayer(const std::function<bool(const LayerRecord&)>& visit) const {
+    const Table* t = table("LAYER");
+    if (!t) return DbStatus::NotInDatabase;
+    for (RecordId id : t->records)
+        if (!doc_.isErased(id) && !visit(layerFromTags(doc_.tags(id)))) break;
+    return DbStatus::Ok;
+}
+
+std::optional<LayerRecord> Drawing::findLayer(const std::string& name) const {
+    const auto id = findTableRecord("LAYER", name);
+    if (!id) return std::nullopt;
+    return layerFromTags(doc_.tags(*id));
+}
+
+std::vector<OwnedTag> Drawing::layerTags(const LayerRecord& r) const {
+    std::vector<OwnedTag> tags{{0, "LAYER"}};
+    if (!isR12()) {
+        tags.push_back({330, tableHandle("LAYER")});
+        tags.push_back({100, "AcDbSymbolTableRecord"});
+        tags.push_back({100, "AcDbLayerTableRecord"});
+    }
+    tags.push_back({2, fileText(r.name)});
+    tags.push_back({70, std::to_string(layerFlags(r))});
+    tags.push_back({62, std::to_string(colorNumber(r))});
+    if (!isR12() && hasRgb(r.color)) {
+        tags.push_back({420, std::to_string(r.color.rgb())});
+        if (r.color.method == HostColor::Method::ColorBook)
+            tags.push_back({430, fileText(r.color.bookName + "$" + r.color.colorName)});
+    }
+    tags.push_back({6, fileText(r.linetype)});
+    if (!isR12()) {
+        if (!r.isPlottable) tags.push_back({290, "0"});
+        tags.push_back({370, std::to_string(r.lineweight)});
+        if (const auto dict = namedDictionary("ACAD_PLOTSTYLENAME"))
+            if (const auto ph = dictionaryEntry(*dict, r.plotStyleName))
+                tags.push_back({390, std::string(tagValue(doc_.tags(*ph), 5).value_or("0"))});
+    }
+    return tags;
+}
+
+DbStatus Drawing::addLayer(const LayerRecord& record) {
+    if (!isValidSymbolName(record.name)) return DbStatus::InvalidInput;
+    if (!table("LAYER")) return DbStatus::NotInDatabase;
+    if (findTableRecord("LAYER", record.name)) return DbStatus::DuplicateRecordName;
+    if (!findTableRecord("LTYPE", record.linetype)) return DbStatus::KeyNotFound;
+    std::vector<OwnedTag> tags = layerTags(record);
+    if (const Handle h = takeHandle()) tags.insert(tags.begin() + 1, OwnedTag{5, handleText(h)});
+    const RecordId id = addTableRecord("LAYER", std::move(tags));
+    layerByName_[foldName(record.name)] = id;
+    return DbStatus::Ok;
+}
+
+DbStatus Drawing::updateLayer(const LayerRecord& record) {
+    const auto id = findTableRecord("LAYER", record.name);
+    if (!id) return DbStatus::KeyNotFound;
+    if (!findTableRecord("LTYPE", record.linetype)) return DbStatus::KeyNotFound;
+    const LayerRecord old = layerFromTags(doc_.tags(*id));
+    std::vector<OwnedTag> tags = doc_.copyTags(*id);
+    if (layerFlags(old) != layerFlags(record)) {
+        // Keep the bits this host does not own (xref dependence and the like).
+        const auto flags = toInteger(Drawing::tagValue(doc_.tags(*id), 70).value_or("0"));
+        setTag(tags, 70, std::to_string((flags & ~7LL) | layerFlags(record)));
+    }
+    if (old.color != record.color || old.isOff != record.isOff) {
+        const int index = record.color.method == HostColor::Method::Index ? record.color.index : std::abs(colorNumber(old));
+        setTag(tags, 62, std::to_string(record.isOff ? -index : index));
+        removeTags(tags, 420);
+        removeTags(tags, 430);
+        if (!isR12() && hasRgb(record.color)) {
+            std::vector<OwnedTag> more{{420, std::to_string(record.color.rgb())}};
+            if (record.color.method == HostColor::Method::ColorBook)
+                more.push_back({430, fileText(record.color.bookName + "$" + record.color.colorName)});
+            // 420/430 follow 62 in the files AutoCAD writes.
+            const auto at = std::find_if(tags.begin(), tags.end(), [](const OwnedTag& t) { return t.code == 62; });
+            tags.insert(at + 1, more.begin(), more.end());
+        }
+    }
+    if (foldName(old.linetype) != foldName(record.linetype)) setTag(tags, 6, fileText(record.linetype));
+    if (!isR12()) {
+        if (old.isPlottable != record.isPlottable) setTag(tags, 290, record.isPlottable ? "1" : "0");
+        if (old.lineweight != record.lineweight) setTag(tags, 370, std::to_string(record.lineweight));
+    }
+    if (tags != doc_.copyTags(*id)) doc_.replace(*id, std::move(tags));
+    if (foldName(old.plotStyleName) != foldName(record.plotStyleName))
+        return setLayerPlotStyleName(record.name, record.plotStyleName);
+    return DbStatus::Ok;
+}
+
+DbStatus Drawing::setLayerPlotStyleName(const std::string& layer, const std::string& plotStyle) {
+    const auto id = findTableRecord("LAYER", layer);
+    if (!id) return DbStatus::KeyNotFound;
+    const auto dict = namedDictionary("ACAD_PLOTSTYLENAME");
+    if (!dict) return DbStatus::KeyNotFound;
+    const auto ph = dictionaryEntry(*dict, plotStyle);
+    if (!ph) return DbStatus::KeyNotFound;
+    std::vector<OwnedTag> tags = doc_.copyTags(*id);
+    setTag(tags, 390, std::string(tagValue(doc_.tags(*ph), 5).value_or("0")));
+    doc_.replace(*id, std::move(tags));
+    return DbStatus::Ok;
+}
+
+}  // namespace cadhost

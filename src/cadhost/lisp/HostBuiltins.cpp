@@ -1,0 +1,193 @@
+// Built-ins served by the CAD host: system variables, commands, selection sets,
+// entities and symbol tables.
+#include <algorithm>
+
+#include "cadhost/lisp/ArgCheck.h"
+#include "cadhost/lisp/Builtins.h"
+#include "cadhost/lisp/Interpreter.h"
+#include "cadhost/lisp/Printer.h"
+#include "cadhost/lisp/ResBufConvert.h"
+#include "cadhost/lisp/SelectionSet.h"
+#include "cadhost/lisp/SsgetFilter.h"
+#include "cadhost/lisp/Text.h"
+
+namespace cadhost::lisp {
+
+namespace {
+
+Value getvarFn(Interpreter& in, const Args& args) {
+    checkCount(args, 1, 1);
+    ardo::ResBuf value;
+    if (!in.host().getVar(toUpper(stringArg(args[0])), value)) return Value();
+    return valueFromNode(in, value);
+}
+
+// A system variable value: an integer, real, string or point.
+ardo::ResBuf sysvarValue(const Value& v) {
+    ardo::ResBuf node;
+    switch (v.kind()) {
+    case Kind::Int:
+    case Kind::Real:
+    case Kind::Str: {
+        ardo::ResBufChain one;
+        appendArgument(one, v);
+        return one.front();
+    }
+    case Kind::List:
+        if (asPoint(v, node)) return node;
+        [[fallthrough]];
+    default: badArgType("stringp", v);
+    }
+}
+
+Value setvarFn(Interpreter& in, const Args& args) {
+    checkCount(args, 2, 2);
+    const std::string name = toUpper(stringArg(args[0]));
+    if (!in.host().setVar(name, sysvarValue(args[1])))
+        throw LispError("AutoCAD variable setting rejected: " + prin1String(Value::string(name)) + " " +
+                        prin1String(args[1]));
+    return args[1];
+}
+
+// Command arguments become command-line tokens; nil gives none, a list that is not a
+// point gives its elements.
+void appendTokens(ardo::ResBufChain& tokens, const Value& v) {
+    ardo::ResBuf point;
+    switch (v.kind()) {
+    case Kind::Nil: return;
+    case Kind::Int:
+    case Kind::Real:
+    case Kind::Str:
+    case Kind::Ename:
+    case Kind::Pickset: appendArgument(tokens, v); return;
+    case Kind::List:
+        if (asPoint(v, point)) {
+            tokens.push_back(point);
+            return;
+        }
+        for (const Value* p = &v; p->isList(); p = &p->cdr()) appendTokens(tokens, p->car());
+        return;
+    default: badArgType("stringp", v);
+    }
+}
+
+Value commandFn(Interpreter& in, const Args& args) {
+    ardo::ResBufChain tokens;
+    for (const Value& a : args) appendTokens(tokens, a);
+    if (in.host().command(tokens) == ardo::RTCAN) throw LispError("Function cancelled");
+    return Value();
+}
+
+std::vector<std::int64_t> allEntities(LispHost& host) {
+    std::vector<std::int64_t> out;
+    for (std::int64_t e = host.entNext(0); e != 0; e = host.entNext(e)) out.push_back(e);
+    return out;
+}
+
+// (ssget "X" [filter]) and (ssget "P"); the underscore forms as well.
+Value ssgetFn(Interpreter& in, const Args& args) {
+    checkCount(args, 1, 2);
+    std::string mode = toUpper(stringArg(args[0]));
+    if (!mode.empty() && mode.front() == '_') mode.erase(0, 1);
+    const SsgetFilter filter(args.size() == 2 ? listArg(args[1]) : Value());
+    std::vector<std::int64_t> candidates;
+    if (mode == "X") candidates = allEntities(in.host());
+    else if (mode == "P") candidates = in.host().previousSelection();
+    else
+        throw LispError("ssget mode " + prin1String(args[0]) +
+                        " is not available here; use \"X\" (all entities) or \"P\" (previous set)");
+    std::vector<std::int64_t> chosen;
+    ardo::ResBufChain groups;
+    for (std::int64_t e : candidates) {
+        groups.clear();
+        if (in.host().entGet(e, groups) && filter.accepts(groups)) chosen.push_back(e);
+    }
+    if (chosen.empty()) return Value();
+    return in.newSelectionSet(std::move(chosen));
+}
+
+Value sslengthFn(Interpreter&, const Args& args) {
+    checkCount(args, 1, 1);
+    return Value::integer(static_cast<std::int32_t>(picksetArg(args[0]).entities.size()));
+}
+
+Value ssnameFn(Interpreter&, const Args& args) {
+    checkCount(args, 2, 2);
+    const SelectionSet& set = picksetArg(args[0]);
+    const std::int32_t i = intArg(args[1]);
+    if (i < 0 || static_cast<std::size_t>(i) >= set.entities.size()) return Value();
+    return Value::ename(set.entities[static_cast<std::size_t>(i)]);
+}
+
+Value ssaddFn(Interpreter& in, const Args& args) {
+    checkCount(args, 0, 2);
+    if (args.empty()) return in.newSelectionSet({});
+    const std::int64_t e = enameArg(args[0]);
+    if (args.size() == 1) return in.newSelectionSet({e});
+    SelectionSet& set = picksetArg(args[1]);
+    if (!set.contains(e)) set.entities.push_back(e);
+    return args[1];
+}
+
+Value ssdelFn(Interpreter&, const Args& args) {
+    checkCount(args, 2, 2);
+    const std::int64_t e = enameArg(args[0]);
+    SelectionSet& set = picksetArg(args[1]);
+    auto it = std::find(set.entities.begin(), set.entities.end(), e);
+    if (it == set.entities.end()) return Value();
+    set.entities.erase(it);
+    return args[1];
+}
+
+Value entgetFn(Interpreter& in, const Args& args) {
+    checkCount(args, 1, 2);
+    const std::int64_t e = enameArg(args[0]);
+    ardo::ResBufChain groups;
+    if (!in.host().entGet(e, groups)) return Value();
+    return Value::cons(Value::cons(Value::integer(-1), args[0]), groupsToList(groups));
+}
+
+Value enameOrNil(std::int64_t id) { return id == 0 ? Value() : Value::ename(id); }
+
+Value entlastFn(Interpreter& in, const Args& args) {
+    checkCount(args, 0, 0);
+    return enameOrNil(in.host().entLast());
+}
+
+Value entnextFn(Interpreter& in, const Args& args) {
+    checkCount(args, 0, 1);
+    return enameOrNil(in.host().entNext(args.empty() ? 0 : enameArg(args[0])));
+}
+
+Value recordOrNil(bool found, const ardo::ResBufChain& record) {
+    return found ? groupsToList(record) : Value();
+}
+
+Value tblsearchFn(Interpreter& in, const Args& args) {
+    checkCount(args, 2, 3);
+    ardo::ResBufChain record;
+    const bool found = in.host().tblSearch(toUpper(stringArg(args[0])), stringArg(args[1]), record);
+    return recordOrNil(found, record);
+}
+
+Value tblnextFn(Interpreter& in, const Args& args) {
+    checkCount(args, 1, 2);
+    ardo::ResBufChain record;
+    const bool rewind = args.size() == 2 && !args[1].isNil();
+    const bool found = in.host().tblNext(toUpper(stringArg(args[0])), rewind, record);
+    return recordOrNil(found, record);
+}
+
+const Builtin table[] = {
+    {"GETVAR", getvarFn, nullptr},       {"SETVAR", setvarFn, nullptr},   {"COMMAND", commandFn, nullptr},
+    {"SSGET", ssgetFn, nullptr},         {"SSLENGTH", sslengthFn, nullptr}, {"SSNAME", ssnameFn, nullptr},
+    {"SSADD", ssaddFn, nullptr},         {"SSDEL", ssdelFn, nullptr},     {"ENTGET", entgetFn, nullptr},
+    {"ENTLAST", entlastFn, nullptr},     {"ENTNEXT", entnextFn, nullptr}, {"TBLSEARCH", tblsearchFn, nullptr},
+    {"TBLNEXT", tblnextFn, nullptr},
+};
+
+}  // namespace
+
+std::span<const Builtin> hostBuiltins() { return table; }
+
+}  // namespace cadhost::lisp

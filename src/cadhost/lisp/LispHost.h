@@ -1,0 +1,43 @@
+#pragma once
+// What the interpreter asks of the CAD host it runs in. The host plugs in its command
+// line, system variables, command processor and drawing database here.
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/ResBuf.h"
+
+namespace cadhost::lisp {
+
+class LispHost {
+public:
+    virtual ~LispHost() = default;
+
+    // Text for the command line, exactly as princ and friends produce it.
+    virtual void print(std::string_view text) = 0;
+
+    // System variables; false for an unknown name or a rejected value.
+    virtual bool getVar(const std::string& name, ardo::ResBuf& value) = 0;
+    virtual bool setVar(const std::string& name, const ardo::ResBuf& value) = 0;
+
+    // Runs command-line input: strings, numbers, points (RTPOINT, RT3DPOINT), entity
+    // names and selection sets; "" answers a prompt with Enter. RTCAN cancels the
+    // calling LISP expression; any other status lets it go on.
+    virtual int command(const ardo::ResBufChain& tokens) = 0;
+
+    // Entity names are the host's ids; 0 means none. entNext(0) is the first entity.
+    virtual std::int64_t entNext(std::int64_t after) = 0;
+    virtual std::int64_t entLast() = 0;
+    // The entity's DXF groups, each node's restype being its group code (without -1).
+    virtual bool entGet(std::int64_t entity, ardo::ResBufChain& groups) = 0;
+
+    // Symbol table records ("LAYER", "LTYPE", ...) as DXF groups.
+    virtual bool tblSearch(const std::string& table, const std::string& name, ardo::ResBufChain& record) = 0;
+    virtual bool tblNext(const std::string& table, bool rewind, ardo::ResBufChain& record) = 0;
+
+    // The entities of the previous selection, for (ssget "P").
+    virtual std::vector<std::int64_t> previousSelection() = 0;
+};
+
+}  // namespace cadhost::lisp

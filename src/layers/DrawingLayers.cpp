@@ -1,0 +1,94 @@
+#include "layers/DrawingLayers.h"
+
+#include "host/Host.h"
+#include "host/Printf.h"
+#include "layers/ColorCode.h"
+#include "layers/DrawingLayersCmdEcho.h"
+#include "layers/DrawingLayersMessages.h"
+#include "layers/DrawingLayersVariables.h"
+#include "layers/PlotStyle.h"
+#include "messages/MessageCatalog.h"
+
+namespace ardo {
+
+namespace {
+
+constexpr const char* kContinuous = "Continuous";
+
+// A new layer record's own colour, kept when the colour code names no colour.
+constexpr int kNewLayerColorIndex = 7;
+
+void warnPlotStyleNotAssigned(const std::string& plotStyle, const std::string& layer) {
+    const std::string text = format("%s\n    %s\n%s\n    %s\n%s\n", catalogText(MsgKey::EtCantAssignPlotStyle1),
+                                    plotStyle, catalogText(MsgKey::EtCantAssignPlotStyle2), layer,
+                                    catalogText(MsgKey::EtCantAssignPlotStyle3));
+    host().messageBox(text, catalogText(MsgKey::TiMsgBoxWarn), MbButtons::Ok, MbIcon::Exclamation);
+}
+
+}  // namespace
+
+void ensureLinetype(const std::string& linetype, const std::string& linetypeFile) {
+    HostDrawing* drawing = host().workingDrawing();
+    if (!drawing) {
+        printLayerMessage("LnNoDataBase");
+        return;
+    }
+    if (drawing->hasLinetype(linetype)) return;
+    const DbStatus status = drawing->loadLinetype(linetype, linetypeFile);
+    if (status != DbStatus::Ok) printLayerError("EsOpenLinetypeTable", status);
+}
+
+int createLayer(const std::string& name, const LayerValue& fields) {
+    if (name.empty() || name == "0") return RTERROR;
+    const bool modelSpace = integerVariable("TILEMODE").value_or(1) == 1;
+    CmdEchoOff echoOff;
+
+    LayerRecord record;
+    record.name = name;
+    const std::int32_t states = fields.states;
+    record.isOff = states & LayerOff;
+    record.isFrozen = states & LayerFrozen;
+    record.isLocked = states & LayerLocked;
+    record.frozenInNewViewports = (states & LayerFrozenInNewViewports) && !modelSpace;
+    record.isPlottable = fields.plottableText.empty() || fields.plottableText[0] != '0';
+
+    ensureLinetype(fields.linetype, fields.linetypeFile);
+    record.color = colorFromCode(fields.color, fields.colorBookName, fields.colorName)
+                       .value_or(HostColor::fromIndex(kNewLayerColorIndex));
+
+    HostDrawing* drawing = host().workingDrawing();
+    if (!drawing) {
+        printLayerMessage("LnNoDataBase");
+        return RTERROR;
+    }
+    if (drawing->hasLinetype(fields.linetype)) {
+        record.linetype = fields.linetype;
+    } else {
+        record.linetype = kContinuous;
+        printLayerMessage("TxUsingContinuous");
+    }
+    const bool namedPlotStyles = drawing->usesNamedPlotStyles();
+    if (namedPlotStyles) preparePlotStyle(fields.plotStyle);
+
+    record.lineweight = fields.lineweight;
+    const DbStatus added = drawing->addLayer(record);
+    if (added != DbStatus::Ok) {
+        printLayerError("EsLayerOperation", added);
+        return RTERROR;
+    }
+    if (namedPlotStyles && drawing->setLayerPlotStyleName(name, fields.plotStyle) != DbStatus::Ok)
+        warnPlotStyleNotAssigned(fields.plotStyle, name);
+    return RTNORM;
+}
+
+int layerStateBits(const LayerRecord& layer) {
+    int bits = 0;
+    if (layer.isOff) bits |= LayerOff;
+    if (layer.isFrozen) bits |= LayerFrozen;
+    if (layer.isLocked) bits |= LayerLocked;
+    if (layer.frozenInNewViewports) bits |= LayerFrozenInNewViewports;
+    if (layer.name == textVariable("CLAYER")) bits |= LayerCurrent;
+    return bits;
+}
+
+}  // namespace ardo

@@ -1,0 +1,17 @@
+#include "layers/DrawingLayersMessages.h"
+
+#include "host/Host.h"
+#include "host/Printf.h"
+#include "messages/MessageFile.h"
+
+namespace ardo {
+
+void printLayerMessage(const char* key) {
+    host().print(format("%s\n", MessageFile::instance().text("LCINIT", key)));
+}
+
+void printLayerError(const char* key, DbStatus status) {
+    host().print(format("%s es %d\n", MessageFile::instance().text("LCINIT", key), static_cast<int>(status)));
+}
+
+}  // namespace ardo

@@ -1,0 +1,157 @@
+// Layer table: reading every property, adding, changing, plot style names.
+#include <gtest/gtest.h>
+
+#include "cadhost/drawing/DxfTestSupport.h"
+
+namespace cadhost {
+namespace {
+
+using ardo::DbStatus;
+using ardo::HostColor;
+using ardo::LayerRecord;
+
+Drawing reload(Drawing& d) { return test::parseOrFail(d.toDxf()); }
+
+TEST(Layers, ReadsEveryPropertyFromTheFile) {
+    Drawing d = test::openOrFail(test::fixture("geometry.dxf"));
+    const auto walls = d.findLayer("WÄNDE");   // umlauts fold too
+    ASSERT_TRUE(walls);
+    EXPECT_EQ(walls->name, "Wände");           // Windows-1252 in the file, UTF-8 here
+    EXPECT_TRUE(walls->isOff);
+    EXPECT_TRUE(walls->isFrozen);
+    EXPECT_TRUE(walls->isLocked);
+    EXPECT_FALSE(walls->frozenInNewViewports);
+    EXPECT_EQ(walls->color.method, HostColor::Method::TrueColor);
+    EXPECT_EQ(walls->color.rgb(), 0xFF00FFu);
+    EXPECT_EQ(walls->color.index, 3);
+    EXPECT_FALSE(walls->isPlottable);
+    EXPECT_EQ(walls->lineweight, 25);
+    std::vector<std::string> names;
+    d.forEachLayer([&](const LayerRecord& r) { names.push_back(r.name); return true; });
+    EXPECT_EQ(names, (std::vector<std::string>{"0", "Wände"}));
+}
+
+TEST(Layers, AddedLayerKeepsAllPropertiesThroughSaveAndLoad) {
+    Drawing d;
+    LayerRecord r;
+    r.name = "Ardo Äußeres";
+    r.color = HostColor::fromIndex(5);
+    r.isOff = true;
+    r.frozenInNewViewports = true;
+    r.isLocked = true;
+    r.lineweight = 35;
+    r.isPlottable = false;
+    ASSERT_EQ(d.addLayer(r), DbStatus::Ok);
+    EXPECT_EQ(d.addLayer(r), DbStatus::DuplicateRecordName);
+    r.name = "Book";
+    r.isOff = false;
+    r.color = HostColor::fromRgb(10, 20, 30);
+    r.color.method = HostColor::Method::ColorBook;
+    r.color.bookName = "RAL CLASSIC";
+    r.color.colorName = "RAL 1000";
+    ASSERT_EQ(d.addLayer(r), DbStatus::Ok);
+
+    Drawing back = reload(d);
+    const auto a = back.findLayer("ardo äußeres");
+    ASSERT_TRUE(a);
+    EXPECT_EQ(a->color, HostColor::fromIndex(5));
+    EXPECT_TRUE(a->isOff && a->isLocked && a->frozenInNewViewports);
+    EXPECT_FALSE(a->isFrozen);
+    EXPECT_EQ(a->lineweight, 35);
+    EXPECT_FALSE(a->isPlottable);
+    EXPECT_EQ(a->linetype, "Continuous");
+    EXPECT_EQ(a->plotStyleName, "Normal");
+    const auto b = back.findLayer("Book");
+    ASSERT_TRUE(b);
+    EXPECT_EQ(b->color.method, HostColor::Method::ColorBook);
+    EXPECT_EQ(b->color.bookName, "RAL CLASSIC");
+    EXPECT_EQ(b->color.colorName, "RAL 1000");
+    EXPECT_EQ(b->color.rgb(), 0x0A141Eu);
+}
+
+TEST(Layers, RefusesBadNamesAndUnknownLinetypes) {
+    Drawing d;
+    LayerRecord r;
+    r.name = "a<b";
+    EXPECT_EQ(d.addLayer(r), DbStatus::InvalidInput);
+    r.name = "";
+    EXPECT_EQ(d.addLayer(r), DbStatus::InvalidInput);
+    r.name = "ok";
+    r.linetype = "NOSUCH";
+    EXPECT_EQ(d.addLayer(r), DbStatus::KeyNotFound);
+    EXPECT_FALSE(d.findLayer("ok"));
+}
+
+TEST(Layers, UpdateChangesOnlyWhatDiffersAndKeepsExtendedData) {
+    Drawing d = test::openOrFail(test::fixture("geometry.dxf"));
+    LayerRecord walls = *d.findLayer("Wände");
+    walls.isOff = false;
+    walls.isFrozen = false;
+    walls.color = HostColor::fromIndex(1);
+    ASSERT_EQ(d.updateLayer(walls), DbStatus::Ok);
+    const std::string out = d.toDxf();
+    EXPECT_NE(out.find("OTHERAPP\n1000\nkept"), std::string::npos) << "extended data lost";
+    EXPECT_EQ(out.find("16711935"), std::string::npos) << "true colour kept after switching to an index colour";
+    const auto back = reload(d).findLayer("Wände");
+    ASSERT_TRUE(back);
+    EXPECT_EQ(back->color, HostColor::fromIndex(1));
+    EXPECT_FALSE(back->isOff || back->isFrozen);
+    EXPECT_TRUE(back->isLocked);
+    EXPECT_EQ(back->lineweight, 25);
+}
+
+TEST(Layers, PlotStyleNamesNeedTheirPlaceHolder) {
+    Drawing d;
+    EXPECT_FALSE(d.usesNamedPlotStyles());
+    ASSERT_TRUE(d.hasDictionary("ACAD_PLOTSTYLENAME"));
+    EXPECT_TRUE(d.hasDictionaryEntry("ACAD_PLOTSTYLENAME", "normal"));
+    EXPECT_EQ(d.setLayerPlotStyleName("0", "Dick"), DbStatus::KeyNotFound);
+    ASSERT_EQ(d.addPlaceHolder("ACAD_PLOTSTYLENAME", "Dick"), DbStatus::Ok);
+    ASSERT_EQ(d.addPlaceHolder("ACAD_PLOTSTYLENAME", "DICK"), DbStatus::Ok);   // kept, not doubled
+    ASSERT_EQ(d.setLayerPlotStyleName("0", "Dick"), DbStatus::Ok);
+    EXPECT_EQ(d.findLayer("0")->plotStyleName, "Dick");
+    Drawing back = reload(d);
+    EXPECT_EQ(back.findLayer("0")->plotStyleName, "Dick");
+    const std::string out = back.toDxf();
+    EXPECT_EQ(out.find("Dick"), out.rfind("Dick")) << "the place-holder was added twice";
+}
+
+TEST(Layers, DictionariesAreAddedToTheNamedObjectDictionary) {
+    Drawing d;
+    EXPECT_FALSE(d.hasDictionary("ARDO_DATA"));
+    ASSERT_EQ(d.addDictionary("ARDO_DATA"), DbStatus::Ok);
+    EXPECT_EQ(d.addDictionary("ardo_data"), DbStatus::DuplicateRecordName);
+    ASSERT_EQ(d.addPlaceHolder("ARDO_DATA", "Entry"), DbStatus::Ok);
+    EXPECT_EQ(d.addPlaceHolder("NO_SUCH", "Entry"), DbStatus::KeyNotFound);
+    Drawing back = reload(d);
+    EXPECT_TRUE(back.hasDictionaryEntry("ARDO_DATA", "entry"));
+}
+
+TEST(Layers, NewHandlesLieBelowTheSavedHandseed) {
+    Drawing d;
+    LayerRecord r;
+    r.name = "H";
+    ASSERT_EQ(d.addLayer(r), DbStatus::Ok);
+    const auto seed = d.getVar("HANDSEED");
+    ASSERT_TRUE(seed);
+    Drawing back = reload(d);
+    const auto seedBack = back.getVar("HANDSEED");
+    ASSERT_TRUE(seedBack);
+    EXPECT_EQ(seedBack->text, "31");   // template seed 30, one handle taken
+}
+
+TEST(Layers, Release12LayersGetNoNewerGroups) {
+    Drawing d = test::openOrFail(test::fixture("r12_minimal.dxf"));
+    LayerRecord r;
+    r.name = "R12NEW";
+    r.lineweight = 50;
+    ASSERT_EQ(d.addLayer(r), DbStatus::Ok);
+    const std::string out = d.toDxf();
+    const auto at = out.find("R12NEW");
+    const auto end = out.find("ENDTAB", at);
+    EXPECT_EQ(out.substr(at, end - at).find("370"), std::string::npos);
+    EXPECT_TRUE(reload(d).findLayer("R12NEW"));
+}
+
+}  // namespace
+}  // namespace cadhost

@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include "layers/LayerFunctions.h"
+#include "LayerFunctionsTestFiles.h"
+
+namespace ardo::test {
+
+namespace {
+
+const char* kCentralFile =
+    "[CONFIG]\n"
+    "Farbe=1\n"
+    "[LAYER]\n"
+    "K1=WALL,1,Continuous,,0,,,-3,Normal,,1\n"
+    "K2=Mauer,3,DASHED,acad.lin,6\n"
+    "K3=Dach,3,DASHED\n"
+    "K4=Wall,5,Continuous,,1,,,25,Stil,Feld 10,0\n"
+    "K5=\n";
+
+const ResBufChain kNil{ResBuf::marker(RTNIL)};
+
+}  // namespace
+
+class LayerFunctions : public LayerCoreTest {
+protected:
+    void SetUp() override {
+        LayerCoreTest::SetUp();
+        useCentralFile(kCentralFile);
+    }
+    LayerRecord layer(const std::string& name, bool off = false, bool frozen = false) {
+        LayerRecord r;
+        r.name = name;
+        r.isOff = off;
+        r.isFrozen = frozen;
+        return r;
+    }
+};
+
+TEST_F(LayerFunctions, NewLayerCreatesTheDecoratedName) {
+    host.call(handlers::kemb_newlayer, {S("CMD"), S("k1")});
+    EXPECT_EQ(host.result, (ResBufChain{ResBuf::longInt(0)}));
+    host.call(handlers::kemb_newlayer, {S("CMD"), S("K1"), S("ABC")});
+    host.call(handlers::kemb_newlayer, {S("CMD"), S("K1"), S("ABC_"), S("NEU")});
+    host.call(handlers::kemb_newlayer, {S("CMD"), S("K1"), S(""), S("NEU")});
+    host.call(handlers::kemb_newlayer, {S("CMD"), S("K2"), I(12), S("X")});  // a number as prefix is ignored
+    EXPECT_EQ(host.result, (ResBufChain{ResBuf::longInt(6)}));
+    std::vector<std::string> names;
+    for (const auto& l : drawing.layers) names.push_back(l.name);
+    EXPECT_EQ(names, (std::vector<std::string>{"WALL", "ABC_WALL", "ABC_WALL_NEU", "WALL_NEU", "Mauer_X"}));
+    EXPECT_TRUE(host.commands.empty());
+}
+
+TEST_F(LayerFunctions, NewLayerOfAnExistingLayerReturnsItsBitsAndChangesNothing) {
+    host.variables["CLAYER"] = ResBuf::str("WALL");
+    drawing.layers = {layer("WALL"), layer("Mauer", true, true)};
+    host.call(handlers::kemb_newlayer, {S("CMD"), S("K1")});
+    EXPECT_EQ(host.result, (ResBufChain{ResBuf::longInt(32)}));
+    host.call(handlers::kemb_newlayer, {S("CMD"), S("K2")});
+    EXPECT_EQ(host.result, (ResBufChain{ResBuf::longInt(3)}));
+    EXPECT_EQ(drawing.layers.size(), 2u);
+    EXPECT_FALSE(drawing.layers[0].isFrozen);
+    EXPECT_TRUE(host.commands.empty());
+    EXPECT_EQ(host.printed, "");
+}
+
+TEST_F(LayerFunctions, FailuresGiveNilQuietly) {
+    for (const char* key : {"K3", "K5", "NOKEY"}) {
+        host.call(handlers::kemb_newlayer, {S("CMD"), S(key)});
+        EXPECT_EQ(host.result, kNil) << key;
+    }
+    host.drawing = nullptr;
+    host.call(handlers::kemb_newlayer, {S("CMD"), S("K1")});
+    EXPECT_EQ(host.result, kNil);
+    EXPECT_EQ(host.printed, "");
+    EXPECT_TRUE(drawing.layers.empty());
+}
+
+TEST_F(LayerFunctions, ArgumentErrors) {
+    host.call(handlers::kemb_newlayer, {S("CMD")});
+    EXPECT_EQ(host.printed, "\nWrong number of arguments");
+    host.clearOutput();
+    host.call(handlers::kemb_setlayer, {S("CMD"), S("K1"), S("7")});
+    EXPECT_EQ(host.printed, "\nWrong type of argument");
+    host.clearOutput();
+    host.call(handlers::Kemb_MakeLayer, {S("CMD"), I(1), S("x")});
+    EXPECT_EQ(host.printed, "\nWrong type of argument");
+    EXPECT_EQ(host.result, kNil);
+    EXPECT_TRUE(drawing.layers.empty());
+}
+
+TEST_F(LayerFunctions, SetLayerNeedsTheLayerInTheDrawing) {
+    host.call(handlers::kemb_setlayer, {S("CMD"), S("K2"), I(1)});
+    EXPECT_EQ(host.result, kNil);
+    EXPECT_TRUE(drawing.layers.empty());
+    EXPECT_TRUE(host.commands.empty());
+
+    drawing.layers = {layer("Mauer", false, true)};
+    host.call(handlers::kemb_setlayer, {S("CMD"), S("K2"), I(1)});
+    ASSERT_EQ(host.commands.size(), 1u);
+    EXPECT_EQ(host.commands[0][0], S("_.LAYER"));
+    EXPECT_EQ(host.commands[0][5], S("_OFF"));
+    // The record as read back after the command.
+    EXPECT_EQ(host.result, (ResBufChain{ResBuf::longInt(2)}));
+}
+
+TEST_F(LayerFunctions, MakeLayerCreatesThenAppliesTheBits) {
+    host.call(handlers::Kemb_MakeLayer, {S("CMD"), S("K2"), I(32), S("ABC")});
+    EXPECT_EQ(host.result, (ResBufChain{ResBuf::shortInt(6), S("ABC_Mauer")}));
+    ASSERT_TRUE(drawing.findLayer("ABC_Mauer"));
+    ASSERT_EQ(host.commands.size(), 1u);
+    EXPECT_EQ(host.commands[0].back(), S(""));
+    EXPECT_EQ(host.commands[0][host.commands[0].size() - 3], S("_SET"));
+
+    host.clearOutput();
+    host.call(handlers::Kemb_MakeLayer, {S("CMD"), S("K2"), I(0), S("ABC")});
+    EXPECT_EQ(drawing.layers.size(), 1u);
+    EXPECT_EQ(host.commands.size(), 1u);
+}
+
+TEST_F(LayerFunctions, NamesKeysAndData) {
+    host.call(handlers::kemb_getlayername, {S("CMD"), S("k2")});
+    EXPECT_EQ(host.result, (ResBufChain{S("Mauer")}));
+    host.call(handlers::kemb_getlayerkey, {S("CMD"), S("Wall")});
+    EXPECT_EQ(host.result, (ResBufChain{S("K4")}));
+    host.call(handlers::kemb_getlayerkey, {S("CMD"), S("WALL")});
+    EXPECT_EQ(host.result, (ResBufChain{S("K1")}));
+    host.call(handlers::kemb_getlayerkey, {S("CMD"), S("wall")});
+    EXPECT_EQ(host.result, kNil);
+    host.call(handlers::kemb_getLayerData, {S("CMD"), S("K2")});
+    EXPECT_EQ(host.result, (ResBufChain{S("Mauer"), ResBuf::longInt(3), S("DASHED"), S("acad.lin"), I(6)}));
+    host.call(handlers::Kemb_GetLayerDataEx, {S("CMD"), S("K4")});
+    EXPECT_EQ(host.result, (ResBufChain{S("Wall"), ResBuf::longInt(5), S("Continuous"), S(""), I(1), S(""), S(""),
+                                        I(25), S("Stil"), S("Feld 10"), I(0)}));
+    host.call(handlers::kemb_getlayername, {S("CMD"), S("K3")});
+    EXPECT_EQ(host.result, kNil);
+}
+
+TEST_F(LayerFunctions, LayerFileIsThePathInUse) {
+    host.call(handlers::Kemb_GetLayerFile, {S("CMD")});
+    EXPECT_EQ(host.result, (ResBufChain{S(moduleFiles().centralLayerFilePath)}));
+    moduleFiles().centralLayerFilePath.clear();
+    host.call(handlers::Kemb_GetLayerFile, {S("CMD")});
+    EXPECT_EQ(host.result, kNil);
+}
+
+}  // namespace ardo::test

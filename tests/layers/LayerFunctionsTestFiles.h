@@ -1,0 +1,83 @@
+#pragma once
+// Module files for the layer core's tests, written into a fresh temp folder: a message
+// file with section "LCINIT" and a central layer control file loaded as the module's own.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include <unistd.h>
+
+#include "messages/MessageFile.h"
+#include "settings/ModuleFiles.h"
+#include "settings/SettingsStore.h"
+#include "support/ScriptedHost.h"
+#include "DrawingLayersTestDrawing.h"
+
+namespace ardo {
+// Readable failure messages for argument and result chains.
+inline void PrintTo(const ResBuf& r, std::ostream* os) {
+    *os << "{" << r.restype;
+    if (r.restype == RTSTR) *os << " \"" << r.text << "\"";
+    if (r.restype == RTSHORT || r.restype == RTLONG) *os << " " << r.integer;
+    *os << "}";
+}
+}  // namespace ardo
+
+namespace ardo::test {
+
+inline const char* kTestMessages =
+    "[LCINIT]\n"
+    "BadNumOfArg=\\nWrong number of arguments\n"
+    "BadTypOfArg=\\nWrong type of argument\n"
+    "BadValueOfArg=\\nBad value\n"
+    "MsgNotFound=\\nMessage %s in %s not found\n"
+    "LnNoDataBase=No drawing\n"
+    "TxUsingContinuous=Using Continuous\n"
+    "LnMemoryShortage=Out of memory\n"
+    "EsOpenLinetypeTable=Linetype table\n"
+    "EsCloseLinetypeTable=Linetype table closing\n"
+    "EsOpenLayerTable=Layer table\n"
+    "EsLayerOperation=Layer operation\n";
+
+class LayerCoreTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        folder_ = std::filesystem::temp_directory_path() /
+                  ("ardo-layerops-" + std::to_string(::getpid()) + "-" +
+                   ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::filesystem::create_directories(folder_);
+        writeFile("ardo.msg", kTestMessages);
+        MessageFile::instance().attach(SettingsStore::load((folder_ / "ardo.msg").string()));
+        host.drawing = &drawing;
+    }
+    void TearDown() override {
+        MessageFile::instance().release();
+        moduleFiles().centralLayerFile.reset();
+        moduleFiles().centralLayerFilePath.clear();
+        std::filesystem::remove_all(folder_);
+    }
+
+    std::string writeFile(const std::string& name, const std::string& text) {
+        const auto path = (folder_ / name).string();
+        std::ofstream(path, std::ios::binary) << text;
+        return path;
+    }
+
+    // Loads the text as the module's central layer control file.
+    void useCentralFile(const std::string& text) {
+        const auto path = writeFile("Ardo.ini", text);
+        moduleFiles().centralLayerFile = SettingsStore::load(path);
+        moduleFiles().centralLayerFilePath = path;
+    }
+
+    std::filesystem::path folder_;
+    ScriptedHost host;
+    TestDrawing drawing;
+};
+
+inline ResBuf S(const std::string& s) { return ResBuf::str(s); }
+inline ResBuf I(int v) { return ResBuf::shortInt(v); }
+
+}  // namespace ardo::test
