@@ -50,7 +50,7 @@ TEST(SettingsStore, KeyLinesLoseTheBlanksAroundTheFirstEqualsSignOnly) {
     for (const char* line : {"  Key  =  a = b  \n", "=nicht\n", "/x=nicht\n", "k\t=\t\n", " = leer\n"})
         store->appendLine(line);
     EXPECT_EQ(describe(*store), (Lines{"  Key|a = b  ", "k|", "|leer"}));
-    // A key that trims to nothing is still a key line when written and read again.
+    // A key that trims to nothing is still a key record, written as one (not as a header).
     EXPECT_EQ(store->text(), "  Key=a = b  \nk=\n=leer\n");
 }
 

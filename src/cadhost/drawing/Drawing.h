@@ -124,7 +124,8 @@ public:
     // from height and character count. Coordinates of 2D entities are taken as world
     // coordinates (extrusion (0,0,1)).
     std::optional<Extents> extents(Handle handle) const;
-    // Viewports (VIEWPORT entities) and the layers frozen in them (group 341).
+    // Viewports (VIEWPORT entities) and the layers frozen in them (group 341; some writers
+    // use 331).
     std::vector<Handle> viewports() const;
     std::vector<std::string> viewportFrozenLayers(Handle viewport) const;
 

@@ -106,7 +106,7 @@ std::vector<std::string> Drawing::viewportFrozenLayers(Handle viewport) const {
     if (!e) return out;
     for (const DxfTag& t : doc_.tags(e->record)) {
         if (t.code == 1001) break;
-        if (t.code != 341) continue;
+        if (t.code != 341 && t.code != 331) continue;   // writers use either
         if (const auto layer = recordByHandle(t.value))
             out.push_back(text(tagValue(doc_.tags(*layer), 2).value_or("")));
     }

@@ -140,7 +140,7 @@ Value Interpreter::callExternal(const External& ext, const Args& args) {
 }
 
 void Interpreter::reportError(LispError& error) {
-    if (error.reported || catchDepth > 0) return;
+    if (error.reported) return;
     error.reported = true;
     const Value handler = symError_->value;
     const bool userHandler = handler.kind() == Kind::Usubr || handler.kind() == Kind::List;

@@ -92,8 +92,6 @@ public:
     // Reports an error once: calls the user's *error* with the message, or prints
     // "; error: <message>". Runs where the error happened, before local bindings unwind.
     void reportError(LispError& error);
-    // While positive, errors are caught by the program (vl-catch-all-apply) and not reported.
-    int catchDepth = 0;
 
 private:
     Value evalForm(const Value& form);

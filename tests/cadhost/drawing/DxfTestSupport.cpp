@@ -113,7 +113,8 @@ std::string ezdxfAuditErrors(const std::string& python, const fs::path& dxf) {
         "doc = ezdxf.readfile(sys.argv[1])\n"
         "a = doc.audit()\n"
         "for e in a.errors: print('ERROR', e.code, e.message)\n"
-        "sys.exit(1 if a.has_errors else 0)\n";
+        "for f in a.fixes: print('FIXED', f.code, f.message)\n"
+        "sys.exit(1 if a.has_errors or a.has_fixes else 0)\n";
     const ProcessResult r = run({python, "-c", script, dxf.string()});
     return r.exitCode == 0 ? std::string() : "exit " + std::to_string(r.exitCode) + ": " + r.output;
 }

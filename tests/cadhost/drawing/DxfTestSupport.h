@@ -40,7 +40,8 @@ ProcessResult run(const std::vector<std::string>& argv, int timeoutSeconds = 120
 // A python3 that can import ezdxf, or nothing.
 std::optional<std::string> pythonWithEzdxf();
 bool hasLibreCad();
-// Runs ezdxf's audit on the file; empty when it reports no errors, else its report.
+// Runs ezdxf's audit on the file; empty when it finds nothing to report (no errors and
+// nothing it had to fix), else its report.
 std::string ezdxfAuditErrors(const std::string& python, const std::filesystem::path& dxf);
 // Prints the file to PDF with LibreCAD headless; true when a non-empty PDF came out.
 bool libreCadRenders(const std::filesystem::path& dxf, std::string& log);

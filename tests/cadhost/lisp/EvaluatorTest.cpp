@@ -125,3 +125,16 @@ TEST_F(Evaluator, EvalApplyMapcarAndTypes) {
 
 }  // namespace
 }  // namespace cadhost::lisp::test
+
+namespace cadhost::lisp::test {
+namespace {
+
+TEST_F(Evaluator, DeepDataIsFreedAndPrintedWithoutCrashing) {
+    EXPECT_EQ(run("(setq deep nil) (repeat 200000 (setq deep (list deep))) (length deep)"), "1");
+    EXPECT_EQ(run("(princ deep)"), "ERR:LISP stack overflow");
+    EXPECT_EQ(run("(setq deep nil long nil) (repeat 300000 (setq long (cons 1 long))) (length long)"), "300000");
+    EXPECT_EQ(run("(setq long nil)"), "nil");
+}
+
+}  // namespace
+}  // namespace cadhost::lisp::test

@@ -1,0 +1,92 @@
+// Entities: order, lookup by handle, entity lists, extents, viewports.
+#include <gtest/gtest.h>
+
+#include "cadhost/drawing/DxfTestSupport.h"
+
+namespace cadhost {
+namespace {
+
+using ardo::Point3;
+
+void expectBox(const std::optional<Extents>& e, Point3 min, Point3 max, const char* what) {
+    ASSERT_TRUE(e) << what;
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_NEAR(e->min[i], min[i], 1e-6) << what << " min " << i;
+        EXPECT_NEAR(e->max[i], max[i], 1e-6) << what << " max " << i;
+    }
+}
+
+class Entities : public ::testing::Test {
+protected:
+    Drawing d = test::openOrFail(test::fixture("geometry.dxf"));
+};
+
+TEST_F(Entities, VisitedInFileOrderWithoutVerticesOrBlockContents) {
+    std::vector<Handle> order;
+    for (auto h = d.firstEntity(); h; h = d.nextEntity(*h)) order.push_back(*h);
+    EXPECT_EQ(order, (std::vector<Handle>{0x20, 0x21, 0x22, 0x23, 0x24, 0x28, 0x29, 0x2A, 0x2B, 0x2C, 0x2D, 0x2E, 0x2F}));
+    EXPECT_EQ(d.entityCount(), order.size());
+    const auto line = d.entity(0x20);
+    ASSERT_TRUE(line);
+    EXPECT_EQ(line->type, "LINE");
+    EXPECT_EQ(line->layer, "Wände");
+    EXPECT_EQ(line->space, Space::Model);
+    EXPECT_EQ(d.entity(0x29)->space, Space::Paper);
+    const auto inBlock = d.entity(0x31);
+    ASSERT_TRUE(inBlock);
+    EXPECT_EQ(inBlock->space, Space::Block);
+    EXPECT_EQ(inBlock->block, "BOX");
+    EXPECT_FALSE(d.entity(0x999));
+    EXPECT_FALSE(d.nextEntity(0x31));   // block contents are not part of the chain
+}
+
+TEST_F(Entities, EntityListJoinsPointsAndTypesValues) {
+    const ardo::ResBufChain list = d.entityList(0x20);
+    ASSERT_EQ(list.size(), 6u);   // -1, 0, 5, 8, 10, 11
+    EXPECT_EQ(list[0].restype, -1);
+    EXPECT_EQ(list[0].integer, 0x20);
+    EXPECT_EQ(list[1].text, "LINE");
+    EXPECT_EQ(list[3].restype, 8);
+    EXPECT_EQ(list[3].text, "Wände");
+    EXPECT_EQ(list[5].restype, 11);
+    EXPECT_EQ(list[5].point, (Point3{10, 5, 0}));
+    const ardo::ResBufChain circle = d.entityList(0x21);
+    EXPECT_EQ(circle.back().restype, 40);
+    EXPECT_DOUBLE_EQ(circle.back().real, 2.0);
+    const auto tags = d.entityTags(0x2C);
+    EXPECT_EQ(tags.back(), (EntityTag{1, "ABCDE"}));
+}
+
+TEST_F(Entities, ExtentsOfEachSupportedType) {
+    expectBox(d.extents(0x20), {0, 0, 0}, {10, 5, 0}, "LINE");
+    expectBox(d.extents(0x21), {3, 3, 0}, {7, 7, 0}, "CIRCLE");
+    expectBox(d.extents(0x22), {0, 0, 0}, {1, 1, 0}, "ARC");
+    // Block line (1,1)-(3,2) about base (1,1), scaled 2, turned 90 degrees, at (10,10).
+    expectBox(d.extents(0x23), {8, 10, 0}, {10, 14, 0}, "INSERT");
+    expectBox(d.extents(0x24), {1, -2, 0}, {4, 1, 0}, "POLYLINE");
+    expectBox(d.extents(0x28), {-2, -1, 0}, {2, 1, 0}, "ELLIPSE");
+    expectBox(d.extents(0x29), {7, 8, 9}, {7, 8, 9}, "POINT");
+    expectBox(d.extents(0x2A), {0, 0, 0}, {1, 1, 0}, "SOLID");
+    expectBox(d.extents(0x2B), {0, 0, 0}, {2, 3, 0}, "SPLINE");
+    expectBox(d.extents(0x2C), {0, 0, 0}, {6, 2, 0}, "TEXT");
+    EXPECT_FALSE(d.extents(0x2D)) << "3DSOLID has no extents here";
+    expectBox(d.extents(0x2E), {0, 0, 0}, {3, 3, 0}, "HATCH without its seed point");
+    expectBox(d.extents(0x2F), {-1, -3, 1.5}, {6, 2, 1.5}, "LWPOLYLINE at its elevation");
+}
+
+TEST(Viewports, FrozenLayerListsAreRead) {
+    Drawing d = test::openOrFail(test::fixture("viewport_frozen_layers.dxf"));
+    const auto viewports = d.viewports();
+    ASSERT_FALSE(viewports.empty());
+    std::size_t frozen = 0;
+    for (Handle vp : viewports) {
+        for (const auto& layer : d.viewportFrozenLayers(vp)) {
+            EXPECT_TRUE(d.findLayer(layer)) << layer;
+            ++frozen;
+        }
+    }
+    EXPECT_GT(frozen, 0u);
+}
+
+}  // namespace
+}  // namespace cadhost

@@ -1,0 +1,95 @@
+// System variables from the header and from memory.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "cadhost/drawing/DxfTestSupport.h"
+
+namespace cadhost {
+namespace {
+
+using ardo::DbStatus;
+using ardo::ResBuf;
+
+TEST(SystemVariables, HeaderVariablesAreReadAndWrittenBack) {
+    Drawing d;
+    EXPECT_EQ(*d.getVar("CLAYER"), ResBuf::str("0"));
+    EXPECT_EQ(*d.getVar("tilemode"), ResBuf::shortInt(1));
+    EXPECT_EQ(*d.getVar("LWDISPLAY"), ResBuf::shortInt(0));
+    EXPECT_EQ(d.getVar("INSBASE")->restype, ardo::RT3DPOINT);
+    EXPECT_FALSE(d.getVar("NOSUCHVAR"));
+
+    EXPECT_EQ(d.setVar("CLAYER", ResBuf::str("missing")), DbStatus::InvalidInput);
+    ASSERT_EQ(d.setVar("TILEMODE", ResBuf::shortInt(0)), DbStatus::Ok);
+    ASSERT_EQ(d.setVar("LWDISPLAY", ResBuf::shortInt(1)), DbStatus::Ok);
+    ASSERT_EQ(d.setVar("INSBASE", ResBuf::point3({1, 2, 3})), DbStatus::Ok);
+    EXPECT_EQ(d.setVar("TILEMODE", ResBuf::str("x")), DbStatus::InvalidInput);
+    Drawing back = test::parseOrFail(d.toDxf());
+    EXPECT_EQ(*back.getVar("TILEMODE"), ResBuf::shortInt(0));
+    EXPECT_EQ(*back.getVar("LWDISPLAY"), ResBuf::shortInt(1));
+    EXPECT_EQ(back.getVar("INSBASE")->point, (ardo::Point3{1, 2, 3}));
+}
+
+TEST(SystemVariables, SessionVariablesAndReadOnlyOnes) {
+    Drawing d;
+    EXPECT_EQ(*d.getVar("CMDECHO"), ResBuf::shortInt(1));
+    ASSERT_EQ(d.setVar("CMDECHO", ResBuf::shortInt(0)), DbStatus::Ok);
+    EXPECT_EQ(*d.getVar("CMDECHO"), ResBuf::shortInt(0));
+    EXPECT_EQ(*d.getVar("LWUNITS"), ResBuf::shortInt(1));
+    EXPECT_EQ(*d.getVar("FILEDIA"), ResBuf::shortInt(1));
+    EXPECT_EQ(*d.getVar("PROGRAM"), ResBuf::str("ardo-cad"));
+    d.setCommandActive(1);
+    EXPECT_EQ(*d.getVar("CMDACTIVE"), ResBuf::shortInt(1));
+    for (const char* readOnly : {"CDATE", "DWGNAME", "DWGPREFIX", "PROGRAM", "CMDACTIVE"})
+        EXPECT_EQ(d.setVar(readOnly, ResBuf::str("x")), DbStatus::InvalidInput) << readOnly;
+}
+
+TEST(SystemVariables, CdateIsTheClockAsYYYYMMDDdotHHMMSSmmm) {
+    Drawing d;
+    const double cdate = d.getVar("CDATE")->real;
+    const std::time_t now = std::time(nullptr);
+    std::tm tm{};
+    localtime_r(&now, &tm);
+    const double day = (tm.tm_year + 1900) * 10000.0 + (tm.tm_mon + 1) * 100.0 + tm.tm_mday;
+    EXPECT_EQ(std::floor(cdate), day);
+    const double hhmmss = std::floor((cdate - day) * 1e6 + 1e-6);
+    EXPECT_LT(hhmmss, 240000);
+    EXPECT_LT(std::fmod(hhmmss, 100.0), 60);
+}
+
+TEST(SystemVariables, DrawingNameAndFolderFollowTheFile) {
+    test::TempDir dir;
+    Drawing d;
+    EXPECT_EQ(d.getVar("DWGNAME")->text, "Drawing1.dxf");
+    const auto path = dir.file("plan.dxf");
+    ASSERT_FALSE(d.save(path.string()));
+    EXPECT_EQ(d.getVar("DWGNAME")->text, "plan.dxf");
+    EXPECT_EQ(d.getVar("DWGPREFIX")->text, dir.file("").string());
+    Drawing back = test::openOrFail(path.string());
+    EXPECT_EQ(back.getVar("DWGNAME")->text, "plan.dxf");
+}
+
+TEST(Saving, ReplacesTheFileAndReportsFailures) {
+    test::TempDir dir;
+    const auto path = dir.file("a.dxf");
+    Drawing d;
+    ASSERT_FALSE(d.save(path.string()));
+    const std::string first = test::readBytes(path);
+    ardo::LayerRecord r;
+    r.name = "SECOND";
+    ASSERT_EQ(d.addLayer(r), DbStatus::Ok);
+    ASSERT_FALSE(d.save(path.string()));
+    EXPECT_NE(test::readBytes(path), first);
+    std::size_t files = 0;
+    for (const auto& e : std::filesystem::directory_iterator(dir.file(""))) files += e.is_regular_file();
+    EXPECT_EQ(files, 1u) << "a temporary file was left behind";
+    const auto error = d.save(dir.file("no/such/folder/a.dxf").string());
+    ASSERT_TRUE(error);
+    EXPECT_NE(error->find("Cannot save"), std::string::npos);
+    const auto openError = Drawing::open(dir.file("missing.dxf").string());
+    ASSERT_TRUE(std::holds_alternative<std::string>(openError));
+    EXPECT_NE(std::get<std::string>(openError).find("missing.dxf"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace cadhost

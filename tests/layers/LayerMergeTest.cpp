@@ -1,0 +1,135 @@
+// Merging runs against the in-memory drawing until the CAD host's drawing database is usable.
+#include <gtest/gtest.h>
+
+#include "layers/CentralLayerFile.h"
+#include "layers/TempDir.h"
+#include "support/MemoryDrawing.h"
+#include "support/ScriptedHost.h"
+
+namespace ardo {
+namespace {
+
+LayerRecord layer(const std::string& name, HostColor colour = HostColor::byLayer()) {
+    LayerRecord r;
+    r.name = name;
+    r.color = colour;
+    return r;
+}
+
+class LayerMergeTest : public ::testing::Test {
+protected:
+    void loadFile(const std::string& text) {
+        ASSERT_TRUE(file.loadFileImage(tmp.write("Ardo.ini", text)));
+        file.loadEntries();
+    }
+    const LayerEntry& byName(const std::string& name) {
+        FoundEntry f = file.findByName(name);
+        EXPECT_TRUE(f) << name;
+        return *f.entry;
+    }
+
+    test::ScriptedHost host;
+    test::TempDir tmp;
+    test::MemoryDrawing drawing;
+    CentralLayerFile file;
+};
+
+TEST_F(LayerMergeTest, DrawingHalfIsFilledForFileEntriesAndDrawingOnlyLayersAreAppended) {
+    loadFile("[LAYER]\nK1=Mauer,1,Continuous,,0\nK2=Wand,3,DASHED,,6\n");
+    LayerRecord mauer = layer("MAUER", HostColor::fromIndex(5));
+    mauer.isOff = true;
+    mauer.isLocked = true;
+    mauer.frozenInNewViewports = true;
+    mauer.linetype = "continuous";
+    mauer.lineweight = 35;
+    mauer.isPlottable = false;
+    LayerRecord neu = layer("Neu", HostColor::fromRgb(1, 2, 3));
+    neu.isFrozen = true;
+    neu.linetype = "DASHDOT";
+    drawing.layers = {mauer, neu};
+
+    ASSERT_TRUE(file.mergeDrawingLayers(drawing));
+    ASSERT_EQ(file.entries().size(), 3u);
+    const LayerEntry& m = byName("Mauer");
+    EXPECT_EQ(m.flags, entryflag::kFromFile | entryflag::kInDrawing);
+    EXPECT_EQ(m.dwgColor, 5);
+    EXPECT_EQ(m.dwgStates, 1u | 4u | 16u);
+    EXPECT_EQ(m.dwgLinetype, "CONTINUOUS");
+    EXPECT_EQ(m.dwgLineweight, 35);
+    EXPECT_FALSE(m.dwgPlottable);
+    EXPECT_EQ(m.dwgPlotStyle, "") << "colour-dependent plot styles give no name";
+    EXPECT_EQ(m.fileColor, 1) << "the file half stays";
+
+    EXPECT_EQ(byName("Wand").flags, entryflag::kFromFile);
+
+    const LayerEntry& n = *file.entries()[2];
+    EXPECT_EQ(n.name, "Neu");
+    EXPECT_EQ(n.flags, entryflag::kInDrawing);
+    EXPECT_TRUE(n.key.empty());
+    EXPECT_EQ(n.dwgColor, 0x02010203);
+    EXPECT_EQ(n.dwgStates, 2u);
+    EXPECT_EQ(n.dwgLinetype, "DASHDOT");
+}
+
+TEST_F(LayerMergeTest, ColourCodesOfEveryKind) {
+    HostColor book = HostColor::fromRgb(0xAA, 0xBB, 0xCC);
+    book.method = HostColor::Method::ColorBook;
+    book.bookName = "RAL";
+    book.colorName = "RAL 1000";
+    drawing.layers = {layer("L1", HostColor::byLayer()), layer("L2", HostColor::byBlock()),
+                      layer("L3", HostColor::fromIndex(200)), layer("L4", book)};
+    ASSERT_TRUE(file.mergeDrawingLayers(drawing));
+    EXPECT_EQ(byName("L1").dwgColor, 256);
+    EXPECT_EQ(byName("L2").dwgColor, 0);
+    EXPECT_EQ(byName("L3").dwgColor, 200);
+    const LayerEntry& l4 = byName("L4");
+    EXPECT_EQ(l4.dwgColor, 0x04AABBCC);
+    EXPECT_EQ(l4.dwgColorBookName, "RAL");
+    EXPECT_EQ(l4.dwgColorName, "RAL 1000");
+    EXPECT_TRUE(byName("L3").dwgColorBookName.empty());
+}
+
+TEST_F(LayerMergeTest, PlotStyleOnlyWithNamedPlotStyles) {
+    LayerRecord r = layer("A");
+    r.plotStyleName = "Stil1";
+    drawing.layers = {r};
+    drawing.namedPlotStyles = true;
+    ASSERT_TRUE(file.mergeDrawingLayers(drawing));
+    EXPECT_EQ(byName("A").dwgPlotStyle, "Stil1");
+}
+
+TEST_F(LayerMergeTest, FirstEntryOfDuplicateNameGetsTheDrawingHalf) {
+    loadFile("[LAYER]\nK1=Wand,1,C,,0\nK2=WAND,2,C,,0\n");
+    drawing.layers = {layer("wand", HostColor::fromIndex(9))};
+    ASSERT_TRUE(file.mergeDrawingLayers(drawing));
+    ASSERT_EQ(file.entries().size(), 2u);
+    EXPECT_EQ(file.entries()[0]->dwgColor, 9);
+    EXPECT_EQ(file.entries()[1]->flags, entryflag::kFromFile);
+}
+
+TEST_F(LayerMergeTest, FailingLayerTableKeepsWhatWasMerged) {
+    drawing.layers = {layer("A"), layer("B"), layer("C")};
+    drawing.failAfterRecords = 2;
+    EXPECT_FALSE(file.mergeDrawingLayers(drawing));
+    ASSERT_EQ(file.entries().size(), 2u);
+    EXPECT_EQ(file.entries()[1]->name, "B");
+}
+
+TEST_F(LayerMergeTest, MergedAndSortedListIsSavedInNameOrder) {
+    const std::string path = tmp.write("Ardo.ini", "[LAYER]\nK1=Zaun,1,C,,0\nK2=mauer,2,C,,0\nK3=Dach,3,C,,0\n");
+    ASSERT_TRUE(file.loadFileImage(path));
+    file.loadEntries();
+    drawing.layers = {layer("Baum"), layer("ZAUN")};
+    ASSERT_TRUE(file.mergeDrawingLayers(drawing));
+    file.sortByName();
+    file.setChanged();
+    ASSERT_TRUE(file.save(path));
+    EXPECT_EQ(test::TempDir::read(path),
+              "\n[LAYER]\n"
+              "K3=Dach,3,C,,0,,,-3,Normal,,1\n"
+              "K2=mauer,2,C,,0,,,-3,Normal,,1\n"
+              "K1=Zaun,1,C,,0,,,-3,Normal,,1\n");
+}
+
+}  // namespace
+}  // namespace ardo

@@ -1,0 +1,50 @@
+#pragma once
+// A host that takes every message and answers every box with its first button, for fuzz
+// targets, which link the module without the test support library.
+#include "host/Host.h"
+
+namespace ardo::test {
+
+class QuietHost : public Host {
+public:
+    QuietHost() { bindHost(this); }
+    ~QuietHost() override { bindHost(nullptr); }
+
+    int defun(const std::string&, int) override { return RTNORM; }
+    int undef(const std::string&, int) override { return RTNORM; }
+    int regFunc(LispHandler, int) override { return RTNORM; }
+    int getFunCode() const override { return -1; }
+    int queueExpr(const std::string&) override { return RTNORM; }
+
+    const ResBufChain& getArgs() const override { return args_; }
+    int retNil() override { return RTNORM; }
+    int retT() override { return RTNORM; }
+    int retVoid() override { return RTNORM; }
+    int retStr(const std::string&) override { return RTNORM; }
+    int retInt(int) override { return RTNORM; }
+    int retReal(double) override { return RTNORM; }
+    int retList(const ResBufChain&) override { return RTNORM; }
+
+    void print(const std::string&) override {}
+    void alert(const std::string&) override {}
+    MbAnswer messageBox(const std::string&, const std::string&, MbButtons, MbIcon) override { return MbAnswer::Ok; }
+
+    int getVar(const std::string&, ResBuf&) const override { return RTERROR; }
+    int setVar(const std::string&, const ResBuf&) override { return RTERROR; }
+    int command(const ResBufChain&) override { return RTERROR; }
+
+    HostDrawing* workingDrawing() override { return nullptr; }
+    bool lockDocument() override { return false; }
+    void unlockDocument() override {}
+    const void* currentDocument() const override { return this; }
+
+    bool colorFromAciName(const std::string&, HostColor&) const override { return false; }
+    bool colorFromRgbName(const std::string&, HostColor&) const override { return false; }
+    bool colorFromColorBookName(const std::string&, const std::string&, HostColor&) const override { return false; }
+    std::uint32_t rgbOfIndexColor(int) const override { return 0; }
+
+private:
+    ResBufChain args_;
+};
+
+}  // namespace ardo::test
