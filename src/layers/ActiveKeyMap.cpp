@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "host/CaseFold.h"
-#include "settings/SettingsStore.h"
+#include "settings/ProfileString.h"
 
 namespace ardo {
 
@@ -81,18 +81,15 @@ std::string activeKeyValueName(const std::string& objectFilePath) {
     return "ACTIVE_" + std::filesystem::path(name).stem().string();
 }
 
+// A value may be as long as the map grows; the buffer does not cut it.
+constexpr size_t kValueBuffer = 1 << 20;
+
 std::string SetupFileActiveKeys::read(const std::string& valueName) const {
-    auto store = SettingsStore::load(path_);
-    if (!store) return {};
-    auto key = store->findKey(store->findSection(kSection), valueName);
-    return key == store->end() ? std::string() : key->value;
+    return GetPrivateProfileStringW(std::string(kSection), valueName, "", kValueBuffer, path_).text;
 }
 
 void SetupFileActiveKeys::write(const std::string& valueName, const std::string& value) {
-    auto store = SettingsStore::load(path_);
-    if (!store) store = std::make_unique<SettingsStore>();
-    store->findOrCreateKey(store->findOrCreateSection(kSection), valueName)->value = value;
-    store->write(path_);
+    WritePrivateProfileStringW(std::string(kSection), valueName, value, path_);
 }
 
 }  // namespace ardo

@@ -39,7 +39,8 @@ public:
 // The value name for an object-type layer file: "ACTIVE_" and the file's title.
 std::string activeKeyValueName(const std::string& objectFilePath);
 
-// The values in a settings file of the user ("ArdoSetup.ini"), through the settings-file store.
+// The values in a settings file of the user ("ArdoSetup.ini"), through the profile-string
+// functions, so the file's other lines and comments stay as they are.
 class SetupFileActiveKeys : public ActiveKeySettings {
 public:
     explicit SetupFileActiveKeys(std::string settingsFilePath) : path_(std::move(settingsFilePath)) {}

@@ -1,5 +1,7 @@
 #include "layers/ColourCode.h"
 
+#include "host/Host.h"
+
 namespace ardo {
 
 namespace {
@@ -67,6 +69,20 @@ HostColor decodeColour(std::int32_t code, const std::string& bookName, const std
     HostColor none;
     none.method = HostColor::Method::None;
     return none;
+}
+
+std::optional<HostColor> colorFromCode(std::int32_t code, const std::string& bookName,
+                                       const std::string& colorName) {
+    HostColor colour = decodeColour(code, bookName, colorName);
+    if (colour.method == HostColor::Method::None) return std::nullopt;
+    if (colour.method == HostColor::Method::ColorBook) {
+        HostColor shipped;
+        if (host().colorFromColorBookName(bookName, colorName, shipped)) return shipped;
+        colour.method = HostColor::Method::TrueColor;
+        colour.bookName.clear();
+        colour.colorName.clear();
+    }
+    return colour;
 }
 
 }  // namespace ardo

@@ -3,6 +3,7 @@
 // colour (0x00), true colour (0x01, 0x02) or colour-book colour (0x04). Any other top byte
 // is no colour.
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "host/HostColor.h"
@@ -30,5 +31,11 @@ ColourCode encodeColour(const HostColor& colour);
 // carries its RGB and the names given.
 HostColor decodeColour(std::int32_t code, const std::string& bookName = {},
                        const std::string& colourName = {});
+
+// The colour a layer is created with: as decodeColour, but a book colour is looked up by
+// its book and colour name through the host, and a book the host does not ship falls back
+// to the code's own RGB as a true colour. None for an unknown top byte.
+std::optional<HostColor> colorFromCode(std::int32_t code, const std::string& bookName,
+                                       const std::string& colorName);
 
 }  // namespace ardo

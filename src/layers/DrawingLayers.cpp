@@ -2,7 +2,7 @@
 
 #include "host/Host.h"
 #include "host/Printf.h"
-#include "layers/ColorCode.h"
+#include "layers/ColourCode.h"
 #include "layers/DrawingLayersCmdEcho.h"
 #include "layers/DrawingLayersMessages.h"
 #include "layers/DrawingLayersVariables.h"

@@ -3,7 +3,7 @@
 #include "host/Host.h"
 #include "host/Printf.h"
 #include "messages/CatalogDefaults.h"
-#include "messages/LocalProfileString.h"
+#include "settings/ProfileString.h"
 
 namespace ardo {
 
@@ -47,7 +47,7 @@ bool MessageCatalog::load(const std::string& path) {
     missingCount_ = 0;
     for (int i = 0; i < kMessageKeyCount; ++i) {
         const char* key = kCatalogRows[i].key;
-        std::string value = readProfileString("Ardo", key, "", path, kTextBuffer);
+        std::string value = GetPrivateProfileStringW("Ardo", std::string(key), "", kTextBuffer, path).text;
         if (!value.empty()) {
             texts_[size_t(i)] = dialogText(std::move(value));
             continue;

@@ -6,7 +6,7 @@
 
 #include <csignal>
 
-#include "host/TempFolder.h"
+#include "support/TempFolder.h"
 
 namespace ardo {
 namespace {

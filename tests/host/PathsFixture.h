@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/TempFolder.h"
+#include "support/TempFolder.h"
 #include "messages/MessageFile.h"
 #include "settings/ModuleFiles.h"
 #include "support/ScriptedHost.h"

@@ -3,18 +3,18 @@
 #include <filesystem>
 
 #include "layers/CentralLayerFile.h"
-#include "layers/TempDir.h"
+#include "support/TempFolder.h"
 #include "support/ScriptedHost.h"
 
 namespace ardo {
 namespace {
 
-using test::TempDir;
+using test::TempFolder;
 
 class CentralLayerFileTest : public ::testing::Test {
 protected:
     std::string copyFixture() {
-        return tmp.write("Ardo.ini", TempDir::read(std::string(ARDO_TEST_DATA) + "/layers/Ardo.ini"));
+        return tmp.write("Ardo.ini", test::readBytes(std::string(ARDO_TEST_DATA) + "/layers/Ardo.ini"));
     }
     std::vector<std::string> keys() const {
         std::vector<std::string> out;
@@ -23,7 +23,7 @@ protected:
     }
 
     test::ScriptedHost host;
-    TempDir tmp;
+    TempFolder tmp;
     CentralLayerFile file;
 };
 
@@ -51,7 +51,7 @@ TEST_F(CentralLayerFileTest, LoadsValidEntriesAfterLayerHeaderIncludingLaterSect
 }
 
 TEST_F(CentralLayerFileTest, MissingFileIsReportedBetweenLineFeeds) {
-    const std::string path = tmp.path("fehlt.ini");
+    const std::string path = tmp.file("fehlt.ini");
     EXPECT_FALSE(file.loadFileImage(path));
     EXPECT_EQ(host.printed, "\nDatei '" + path + "' nicht gefunden\n");
     file.loadEntries();
@@ -93,7 +93,7 @@ TEST_F(CentralLayerFileTest, SaveCopiesImageUpToLayerThenWritesFileEntries) {
     file.entries()[0]->state = 1;
     file.entries()[0]->fileColorBookName = "Buch";
     ASSERT_TRUE(file.save(path));
-    EXPECT_EQ(TempDir::read(path),
+    EXPECT_EQ(test::readBytes(path),
               "\n[GENERAL]  ; kept after the bracket\n"
               "Version=3\n"
               ";Remark=kept as key line\n"
@@ -113,7 +113,7 @@ TEST_F(CentralLayerFileTest, FileWithoutLayerSectionGetsEntriesAfterCopiedLines)
     file.append(e);
     file.setChanged();
     ASSERT_TRUE(file.save(path));
-    EXPECT_EQ(TempDir::read(path), "\n[GENERAL]\nA=1\nN1=Neu,0,,,0,,,-3,,,1\n");
+    EXPECT_EQ(test::readBytes(path), "\n[GENERAL]\nA=1\nN1=Neu,0,,,0,,,-3,,,1\n");
 }
 
 TEST_F(CentralLayerFileTest, CrLfFileStaysCrLf) {
@@ -122,17 +122,17 @@ TEST_F(CentralLayerFileTest, CrLfFileStaysCrLf) {
     file.loadEntries();
     file.setChanged();
     ASSERT_TRUE(file.save(path));
-    EXPECT_EQ(TempDir::read(path), "\r\n[LAYER]\r\nA=Eins,1,Continuous,,0,,,-3,Normal,,1\r\n");
+    EXPECT_EQ(test::readBytes(path), "\r\n[LAYER]\r\nA=Eins,1,Continuous,,0,,,-3,Normal,,1\r\n");
 }
 
 TEST_F(CentralLayerFileTest, UnwritableFileIsReportedAndKeepsChangeMarksAndOldFile) {
     const std::string path = copyFixture();
-    const std::string before = TempDir::read(path);
+    const std::string before = test::readBytes(path);
     ASSERT_TRUE(file.loadFileImage(path));
     file.loadEntries();
     file.entries()[0]->state = 1;
     // A folder of that name cannot be replaced by a file.
-    const std::string blocked = tmp.path("Ordner.ini");
+    const std::string blocked = tmp.file("Ordner.ini");
     std::filesystem::create_directory(blocked);
     EXPECT_FALSE(file.save(blocked));
     const std::string message = "Die Layer-Datei\n    '" + blocked + "'\nkann nicht zum Schreiben geöffnet werden.\n";
@@ -144,8 +144,8 @@ TEST_F(CentralLayerFileTest, UnwritableFileIsReportedAndKeepsChangeMarksAndOldFi
     EXPECT_EQ(file.entries()[0]->state, 1);
     EXPECT_TRUE(std::filesystem::is_directory(blocked));
     // A retry to a writable place succeeds; the original file was never touched.
-    EXPECT_TRUE(file.save(tmp.path("neu.ini")));
-    EXPECT_EQ(TempDir::read(path), before);
+    EXPECT_TRUE(file.save(tmp.file("neu.ini")));
+    EXPECT_EQ(test::readBytes(path), before);
 }
 
 TEST_F(CentralLayerFileTest, ReloadAfterSaveClearsChanged) {
@@ -161,7 +161,7 @@ TEST_F(CentralLayerFileTest, ReloadAfterSaveClearsChanged) {
     file.loadEntries();
     // The key line of [AFTER] was an entry and is now under [LAYER]; the header itself is gone.
     EXPECT_EQ(keys(), (std::vector<std::string>{"K1", "K2", "K4", "K5"}));
-    EXPECT_EQ(TempDir::read(path).find("[AFTER]"), std::string::npos);
+    EXPECT_EQ(test::readBytes(path).find("[AFTER]"), std::string::npos);
 }
 
 TEST_F(CentralLayerFileTest, FindByKeyAndNameIgnoreCaseAndCanSkipAnEntry) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "layers/ColorCode.h"
+#include "layers/ColourCode.h"
 #include "layers/ColorText.h"
 #include "layers/LayerFunctions.h"
 #include "LayerFunctionsTestFiles.h"

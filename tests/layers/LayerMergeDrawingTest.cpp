@@ -5,7 +5,7 @@
 
 #include "cadhost/drawing/Drawing.h"
 #include "layers/CentralLayerFile.h"
-#include "layers/TempDir.h"
+#include "support/TempFolder.h"
 #include "support/ScriptedHost.h"
 
 namespace ardo {
@@ -26,7 +26,7 @@ protected:
     }
     // The drawing as another session reads it: saved as DXF and opened again.
     cadhost::Drawing reopened() {
-        const std::string path = tmp.path("Zeichnung.dxf");
+        const std::string path = tmp.file("Zeichnung.dxf");
         EXPECT_FALSE(drawing.save(path).has_value());
         auto opened = cadhost::Drawing::open(path);
         EXPECT_TRUE(std::holds_alternative<cadhost::Drawing>(opened));
@@ -40,7 +40,7 @@ protected:
     }
 
     test::ScriptedHost host;
-    test::TempDir tmp;
+    test::TempFolder tmp;
     cadhost::Drawing drawing;
     CentralLayerFile file;
 };

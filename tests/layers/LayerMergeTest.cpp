@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "layers/CentralLayerFile.h"
-#include "layers/TempDir.h"
+#include "support/TempFolder.h"
 #include "support/MemoryDrawing.h"
 #include "support/ScriptedHost.h"
 
@@ -29,7 +29,7 @@ protected:
     }
 
     test::ScriptedHost host;
-    test::TempDir tmp;
+    test::TempFolder tmp;
     test::MemoryDrawing drawing;
     CentralLayerFile file;
 };
@@ -124,7 +124,7 @@ TEST_F(LayerMergeTest, MergedAndSortedListIsSavedInNameOrder) {
     file.sortByName();
     file.setChanged();
     ASSERT_TRUE(file.save(path));
-    EXPECT_EQ(test::TempDir::read(path),
+    EXPECT_EQ(test::readBytes(path),
               "\n[LAYER]\n"
               "K3=Dach,3,C,,0,,,-3,Normal,,1\n"
               "K2=mauer,2,C,,0,,,-3,Normal,,1\n"

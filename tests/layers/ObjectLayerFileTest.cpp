@@ -3,18 +3,18 @@
 #include <filesystem>
 
 #include "layers/ObjectLayerFile.h"
-#include "layers/TempDir.h"
+#include "support/TempFolder.h"
 #include "support/ScriptedHost.h"
 
 namespace ardo {
 namespace {
 
-using test::TempDir;
+using test::TempFolder;
 
 // The settings file of the user in the test's folder.
 class ObjectLayerFileTest : public ::testing::Test {
 protected:
-    ObjectLayerFileTest() : settings(tmp.path("ArdoSetup.ini")), object(&settings) {}
+    ObjectLayerFileTest() : settings(tmp.file("ArdoSetup.ini")), object(&settings) {}
 
     void addEntry(const std::string& key, std::uint32_t flags = entryflag::kFromFile) {
         LayerEntry e;
@@ -25,7 +25,7 @@ protected:
     }
 
     test::ScriptedHost host;
-    TempDir tmp;
+    TempFolder tmp;
     SetupFileActiveKeys settings;
     ObjectLayerFile object;
     CentralLayerFile list;
@@ -57,7 +57,7 @@ TEST_F(ObjectLayerFileTest, LinesAreTrimmedAndSplitIntoObjectKeyAndActive) {
 
 TEST_F(ObjectLayerFileTest, MissingFileChangesNothing) {
     ASSERT_TRUE(object.read(tmp.write("a.ini", "[Layer]\nX=K1\n")));
-    EXPECT_FALSE(object.read(tmp.path("fehlt.ini")));
+    EXPECT_FALSE(object.read(tmp.file("fehlt.ini")));
     EXPECT_EQ(object.lines().size(), 1u);
     object.reset();
     EXPECT_TRUE(object.empty());
@@ -122,7 +122,7 @@ TEST_F(ObjectLayerFileTest, WriteKeepsOtherLinesAndObjectsAndWritesCurrentFromEn
     addEntry("", own);
     list.entries()[2]->state = kStateDeleted;
     ASSERT_TRUE(object.write(list, path, "mauer", "k3"));
-    EXPECT_EQ(TempDir::read(path),
+    EXPECT_EQ(test::readBytes(path),
               "; Kopf\n; in der Section\n[LAYER]\nWand=K2,1\n:mauer=K1\n:mauer=K3,1\n");
     EXPECT_EQ(object.activeKeys().keyOf("MAUER"), "K3");
     EXPECT_EQ(settings.read("ACTIVE_Mauer"), "mauer=K3");
@@ -139,12 +139,12 @@ TEST_F(ObjectLayerFileTest, WriteWithoutActiveEntryLeavesSettingsAlone) {
     ASSERT_TRUE(object.read(path));
     addEntry("K1", entryflag::kFromFile | entryflag::kInObjectFile | entryflag::kCurrentObject);
     ASSERT_TRUE(object.write(list, path, "Obj", "K7"));
-    EXPECT_EQ(TempDir::read(path), "[LAYER]\nObj=K1\n");
-    EXPECT_FALSE(std::filesystem::exists(tmp.path("ArdoSetup.ini")));
+    EXPECT_EQ(test::readBytes(path), "[LAYER]\nObj=K1\n");
+    EXPECT_FALSE(std::filesystem::exists(tmp.file("ArdoSetup.ini")));
 }
 
 TEST_F(ObjectLayerFileTest, UnwritableFileIsReportedAndNothingChanges) {
-    const std::string blocked = tmp.path("Ordner.ini");
+    const std::string blocked = tmp.file("Ordner.ini");
     std::filesystem::create_directory(blocked);
     addEntry("K1", entryflag::kFromFile | entryflag::kInObjectFile | entryflag::kCurrentObject);
     EXPECT_FALSE(object.write(list, blocked, "Obj", "K1"));

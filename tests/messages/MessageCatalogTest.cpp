@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/TempFolder.h"
+#include "support/TempFolder.h"
 #include "host/TextFile.h"
 #include "host/paths/PathJoin.h"
 #include "support/ScriptedHost.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/TempFolder.h"
+#include "support/TempFolder.h"
 
 namespace ardo {
 namespace {

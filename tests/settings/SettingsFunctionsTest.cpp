@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "host/TempFolder.h"
+#include "support/TempFolder.h"
 #include "messages/MessageFile.h"
 #include "settings/ModuleFiles.h"
 #include "support/ScriptedHost.h"

@@ -4,7 +4,7 @@
 
 #include <climits>
 
-#include "host/TempFolder.h"
+#include "support/TempFolder.h"
 #include "settings/ProfileString.h"
 
 namespace ardo {

@@ -6,7 +6,7 @@
 #include "host/paths/CurrentDirectoryGuard.h"
 #include "host/paths/PathJoin.h"
 #include "host/paths/Platform.h"
-#include "messages/LocalProfileString.h"
+#include "settings/ProfileString.h"
 #include "messages/MessageFile.h"
 #include "settings/ModuleFiles.h"
 
@@ -78,7 +78,7 @@ std::string systemConfigurationFile() {
 }
 
 int readUserRoot(std::string& result) {
-    result = readProfileString("ARDO_SYS_INI", "USER_ROOT", "", systemConfigurationFile(), kPathBuffer);
+    result = GetPrivateProfileStringW("ARDO_SYS_INI", "USER_ROOT", "", kPathBuffer, systemConfigurationFile()).text;
     return result.empty() ? RTERROR : RTNORM;
 }
 
