@@ -68,6 +68,16 @@ public:
                                         HostColor& color) const = 0;
     // The palette's RGB of an index colour, for nearest-index and RGB results.
     virtual std::uint32_t rgbOfIndexColor(int index) const = 0;
+
+    // ObjectARX applications: load one from its file; ask whether one is loaded by its
+    // name (the file name without folder and extension, any case).
+    virtual bool arxLoad(const std::string& path) = 0;
+    virtual bool arxLoaded(const std::string& application) const = 0;
+    // A file along the host's support folders, as findfile finds it; false when none.
+    virtual bool findFile(const std::string& name, std::string& result) const = 0;
+    // Greys or enables an entry of a loaded menu group; false when the host has no such
+    // group or entry.
+    virtual bool greyMenuItem(const std::string& menuGroup, const std::string& item, bool grey) = 0;
 };
 
 // The host the module runs in; set by the host when it loads the module.

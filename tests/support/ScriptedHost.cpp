@@ -1,5 +1,7 @@
 #include "support/ScriptedHost.h"
 
+#include <filesystem>
+
 #include "host/CaseFold.h"
 
 namespace ardo::test {
@@ -101,5 +103,31 @@ bool ScriptedHost::colorFromColorBookName(const std::string& book, const std::st
 }
 
 std::uint32_t ScriptedHost::rgbOfIndexColor(int index) const { return colors.rgbOfIndex(index); }
+
+bool ScriptedHost::arxLoad(const std::string& path) {
+    std::string name = path.substr(path.find_last_of('/') + 1);
+    name = name.substr(0, name.rfind('.'));
+    if (!std::filesystem::exists(path)) return false;
+    loadedApplications.insert(upperCase(name));
+    return true;
+}
+
+bool ScriptedHost::arxLoaded(const std::string& application) const {
+    return loadedApplications.count(upperCase(application)) > 0;
+}
+
+bool ScriptedHost::findFile(const std::string& name, std::string& result) const {
+    auto it = supportFiles.find(name);
+    if (it == supportFiles.end()) return false;
+    result = it->second;
+    return true;
+}
+
+bool ScriptedHost::greyMenuItem(const std::string& menuGroup, const std::string& item, bool grey) {
+    auto it = menuItems.find(upperCase(menuGroup) + "|" + item);
+    if (it == menuItems.end()) return false;
+    it->second = grey;
+    return true;
+}
 
 }  // namespace ardo::test

@@ -4,6 +4,7 @@
 // drawing the test hands it.
 #include <deque>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -87,6 +88,17 @@ public:
     bool colorFromColorBookName(const std::string& book, const std::string& name,
                                 HostColor& color) const override;
     std::uint32_t rgbOfIndexColor(int index) const override;
+
+    bool arxLoad(const std::string& path) override;
+    bool arxLoaded(const std::string& application) const override;
+    bool findFile(const std::string& name, std::string& result) const override;
+    bool greyMenuItem(const std::string& menuGroup, const std::string& item, bool grey) override;
+
+    // Applications loaded with arxLoad (file names without folder and extension, upper
+    // case), files findFile knows (name -> path), and greyed menu entries ("GROUP|item").
+    std::set<std::string> loadedApplications;
+    std::map<std::string, std::string> supportFiles;
+    std::map<std::string, bool> menuItems;
 
 private:
     ResBufChain args_;
