@@ -150,7 +150,8 @@ private:
     };
 
     explicit Drawing(DxfDocument doc);
-    std::optional<std::string> index();
+    void index();
+    void setPath(const std::string& path);   // kept absolute, for DWGPREFIX
     void indexHeader();
     RecordId indexTables(RecordId first);
     RecordId indexBlocks(RecordId first);
