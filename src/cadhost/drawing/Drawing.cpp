@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 
 #include "cadhost/drawing/Template.h"
 #include "host/CaseFold.h"
@@ -45,12 +46,12 @@ std::variant<Drawing, std::string> Drawing::fromBytes(std::string bytes, const s
     auto parsed = DxfDocument::parse(std::move(bytes));
     if (auto* e = std::get_if<DxfError>(&parsed)) return "Cannot open " + where + ". " + e->message;
     Drawing d(std::move(std::get<DxfDocument>(parsed)));
-    if (auto e = d.index()) return "Cannot open " + where + ". " + *e;
-    d.path_ = path;
+    d.index();
+    d.setPath(path);
     return d;
 }
 
-std::optional<std::string> Drawing::index() {
+void Drawing::index() {
     for (RecordId id = doc_.first(); id != kNoRecord; id = doc_.next(id)) {
         const auto tags = doc_.tags(id);
         if (tags[0].value != "SECTION") continue;
@@ -75,7 +76,12 @@ std::optional<std::string> Drawing::index() {
     codec_ = DxfTextCodec::forDrawing(version_, cp && cp->size() > 1 ? (*cp)[1].value : std::string_view());
     if (const auto seed = headerVar("$HANDSEED"); seed && seed->size() > 1)
         nextHandle_ = std::max(nextHandle_, toHandle((*seed)[1].value));
-    return std::nullopt;
+}
+
+void Drawing::setPath(const std::string& path) {
+    std::error_code ec;
+    const auto absolute = path.empty() ? std::filesystem::path() : std::filesystem::absolute(path, ec);
+    path_ = ec ? path : absolute.string();
 }
 
 void Drawing::indexHeader() {
@@ -223,7 +229,7 @@ std::optional<std::string> Drawing::save(const std::string& path) {
     if (!ardo::replaceFile(path, toDxf()))
         return "Cannot save \"" + path + "\": " + (errno ? std::strerror(errno) : "the file is read-only") +
                ". The file was left as it was; check the folder's access rights and free space.";
-    path_ = path;
+    setPath(path);
     return std::nullopt;
 }
 

@@ -144,10 +144,14 @@ private:
         std::string name;
         RecordId record = kNoRecord;
         std::vector<std::uint32_t> entities;
+        // Extents are worked out once; a block that inserts itself has none.
+        enum class Extent { Unknown, Working, Known } extentState = Extent::Unknown;
+        std::optional<Extents> extents;
     };
 
     explicit Drawing(DxfDocument doc);
-    std::optional<std::string> index();
+    void index();
+    void setPath(const std::string& path);   // kept absolute, for DWGPREFIX
     void indexHeader();
     RecordId indexTables(RecordId first);
     RecordId indexBlocks(RecordId first);
@@ -189,6 +193,7 @@ private:
 
     // Entities
     const Entity* findEntity(Handle handle) const;
+    bool isNamedEntity(std::uint32_t index) const;
     std::optional<Extents> entityExtents(const Entity& e, int depth) const;
     std::optional<Extents> blockExtents(std::int32_t block, int depth) const;
 
@@ -204,7 +209,7 @@ private:
     std::vector<Entity> entities_;
     std::vector<std::uint32_t> spaceEntities_;                   // model and paper space, file order
     std::unordered_map<Handle, std::uint32_t> entityByHandle_;
-    std::vector<Block> blocks_;
+    mutable std::vector<Block> blocks_;
     std::unordered_map<std::string, std::int32_t> blockByName_;  // folded name
     std::vector<RecordId> objects_;
     Handle nextHandle_ = 0;

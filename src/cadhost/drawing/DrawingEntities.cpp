@@ -11,9 +11,18 @@ const Drawing::Entity* Drawing::findEntity(Handle handle) const {
     return &entities_[it->second];
 }
 
+bool Drawing::isNamedEntity(std::uint32_t index) const {
+    // An entity without a handle, or whose handle an earlier one took already (a damaged
+    // file), cannot be named and is left out of the chain.
+    const Entity& e = entities_[index];
+    if (doc_.isErased(e.record) || !e.handle) return false;
+    const auto it = entityByHandle_.find(e.handle);
+    return it != entityByHandle_.end() && it->second == index;
+}
+
 std::optional<Handle> Drawing::firstEntity() const {
     for (std::uint32_t i : spaceEntities_)
-        if (!doc_.isErased(entities_[i].record) && entities_[i].handle) return entities_[i].handle;
+        if (isNamedEntity(i)) return entities_[i].handle;
     return std::nullopt;
 }
 
@@ -24,7 +33,7 @@ std::optional<Handle> Drawing::nextEntity(Handle handle) const {
     // spaceEntities_ follows from the entity's index by binary search.
     auto pos = std::lower_bound(spaceEntities_.begin(), spaceEntities_.end(), it->second);
     for (++pos; pos != spaceEntities_.end(); ++pos)
-        if (!doc_.isErased(entities_[*pos].record) && entities_[*pos].handle) return entities_[*pos].handle;
+        if (isNamedEntity(*pos)) return entities_[*pos].handle;
     return std::nullopt;
 }
 
@@ -48,10 +57,8 @@ std::optional<EntityInfo> Drawing::entity(Handle handle) const {
 }
 
 void Drawing::forEachEntity(const std::function<bool(const EntityInfo&)>& visit) const {
-    for (std::uint32_t i : spaceEntities_) {
-        if (doc_.isErased(entities_[i].record) || !entities_[i].handle) continue;
-        if (!visit(*entity(entities_[i].handle))) return;
-    }
+    for (std::uint32_t i : spaceEntities_)
+        if (isNamedEntity(i) && !visit(*entity(entities_[i].handle))) return;
 }
 
 std::vector<EntityTag> Drawing::entityTags(Handle handle) const {

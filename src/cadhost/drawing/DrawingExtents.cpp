@@ -90,11 +90,17 @@ std::optional<Extents> Drawing::extents(Handle handle) const {
 }
 
 std::optional<Extents> Drawing::blockExtents(std::int32_t block, int depth) const {
+    Block& b = blocks_[block];
+    if (b.extentState == Block::Extent::Known) return b.extents;
+    if (b.extentState == Block::Extent::Working) return std::nullopt;   // the block inserts itself
+    b.extentState = Block::Extent::Working;
     BoxBuilder box;
-    for (std::uint32_t i : blocks_[block].entities)
+    for (std::uint32_t i : b.entities)
         if (!doc_.isErased(entities_[i].record))
             if (const auto e = entityExtents(entities_[i], depth)) box.add(*e);
-    return box.result();
+    b.extents = box.result();
+    b.extentState = Block::Extent::Known;
+    return b.extents;
 }
 
 std::optional<Extents> Drawing::entityExtents(const Entity& e, int depth) const {

@@ -90,3 +90,25 @@ TEST(Viewports, FrozenLayerListsAreRead) {
 
 }  // namespace
 }  // namespace cadhost
+
+namespace cadhost {
+namespace {
+
+TEST(BlockExtents, BlocksThatInsertThemselvesEndQuickly) {
+    // Block A holds a line and two references to itself, a pattern that would branch
+    // without end if followed.
+    std::string block = "  0\nBLOCK\n  5\n10\n  8\n0\n  2\nA\n 10\n0\n 20\n0\n 30\n0\n"
+                        "  0\nLINE\n  5\n11\n  8\n0\n 10\n0\n 20\n0\n 30\n0\n 11\n1\n 21\n1\n 31\n0\n";
+    for (int i = 0; i < 2; ++i) block += "  0\nINSERT\n  5\n1" + std::to_string(2 + i) + "\n  8\n0\n  2\nA\n 10\n5\n 20\n0\n 30\n0\n";
+    const std::string dxf = "  0\nSECTION\n  2\nBLOCKS\n" + block + "  0\nENDBLK\n  5\n19\n  8\n0\n  0\nENDSEC\n"
+                            "  0\nSECTION\n  2\nENTITIES\n  0\nINSERT\n  5\n20\n  8\n0\n  2\nA\n 10\n100\n 20\n0\n 30\n0\n"
+                            "  0\nENDSEC\n  0\nEOF\n";
+    Drawing d = test::parseOrFail(dxf);
+    const auto e = d.extents(0x20);
+    ASSERT_TRUE(e);
+    EXPECT_DOUBLE_EQ(e->min[0], 100);   // the line of A; the self references add nothing
+    EXPECT_DOUBLE_EQ(e->max[0], 101);
+}
+
+}  // namespace
+}  // namespace cadhost

@@ -67,6 +67,12 @@ TEST(SystemVariables, DrawingNameAndFolderFollowTheFile) {
     EXPECT_EQ(d.getVar("DWGPREFIX")->text, dir.file("").string());
     Drawing back = test::openOrFail(path.string());
     EXPECT_EQ(back.getVar("DWGNAME")->text, "plan.dxf");
+    // A relative name is taken from the working folder, as the prefix must be absolute.
+    const auto previous = std::filesystem::current_path();
+    std::filesystem::current_path(dir.file(""));
+    Drawing relative = test::openOrFail("plan.dxf");
+    std::filesystem::current_path(previous);
+    EXPECT_EQ(relative.getVar("DWGPREFIX")->text, dir.file("").string());
 }
 
 TEST(Saving, ReplacesTheFileAndReportsFailures) {

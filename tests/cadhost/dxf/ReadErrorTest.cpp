@@ -72,3 +72,20 @@ TEST(ReadErrors, BinaryDxfIsReadAsItsAsciiEquivalent) {
 
 }  // namespace
 }  // namespace cadhost
+
+namespace cadhost {
+namespace {
+
+TEST(ReadErrors, DuplicateHandlesDoNotTrapTheEntityChain) {
+    const std::string bytes =
+        "  0\nSECTION\n  2\nENTITIES\n  0\nPOINT\n  5\nA\n  8\n0\n  0\nPOINT\n  5\nA\n  8\n0\n"
+        "  0\nPOINT\n  5\nB\n  8\n0\n  0\nENDSEC\n  0\nEOF\n";
+    Drawing d = test::parseOrFail(bytes);
+    std::vector<Handle> chain;
+    for (auto h = d.firstEntity(); h && chain.size() < 10; h = d.nextEntity(*h)) chain.push_back(*h);
+    EXPECT_EQ(chain, (std::vector<Handle>{0xA, 0xB}));
+    EXPECT_TRUE(d.toDxf() == bytes);
+}
+
+}  // namespace
+}  // namespace cadhost
