@@ -12,11 +12,12 @@ namespace {
 
 using ardo::ResBuf;
 
+// Empty for a drawing that was never read or saved: its DWGNAME is only a default name.
 std::string drawingPath(const Drawing& drawing) {
     const auto name = drawing.getVar("DWGNAME");
     const auto prefix = drawing.getVar("DWGPREFIX");
-    if (!name || name->text.empty()) return {};
-    return (prefix ? prefix->text : std::string()) + name->text;
+    if (!name || !prefix || prefix->text.empty()) return {};
+    return prefix->text + name->text;
 }
 
 Step saveTo(Context& context, const std::string& path) {
