@@ -31,7 +31,7 @@ TEST_F(DrawingLayers, UnknownLinetypeWithoutFileGivesContinuous) {
     EXPECT_EQ(layer->linetype, "Continuous");
     EXPECT_EQ(layer->color, HostColor::fromIndex(1));
     EXPECT_EQ(host.printed, "Linetype table es 9\nUsing Continuous\n");
-    EXPECT_EQ(host.variables["CMDECHO"], ResBuf::shortInt(1));
+    EXPECT_EQ(variable("CMDECHO"), 1);
 }
 
 TEST_F(DrawingLayers, LinetypeIsLoadedFromItsFile) {
@@ -52,7 +52,7 @@ TEST_F(DrawingLayers, LinetypeIsLoadedFromItsFile) {
 TEST_F(DrawingLayers, NewViewportFreezeOnlyInALayout) {
     ASSERT_EQ(createLayer("A", fields("A,1,Continuous,,16")), RTNORM);
     EXPECT_FALSE(drawing.findLayer("A")->frozenInNewViewports);
-    host.variables["TILEMODE"] = ResBuf::shortInt(0);
+    ASSERT_EQ(host.setVar("TILEMODE", ResBuf::shortInt(0)), RTNORM);
     ASSERT_EQ(createLayer("B", fields("B,1,Continuous,,17")), RTNORM);
     EXPECT_TRUE(drawing.findLayer("B")->frozenInNewViewports);
     EXPECT_TRUE(drawing.findLayer("B")->isOff);
@@ -61,7 +61,9 @@ TEST_F(DrawingLayers, NewViewportFreezeOnlyInALayout) {
 TEST_F(DrawingLayers, PropertiesFromTheFields) {
     ASSERT_EQ(createLayer("P", fields("P,67207168,Continuous,,0,,,50,Normal,,0")), RTNORM);
     auto layer = drawing.findLayer("P");
-    EXPECT_EQ(layer->color, HostColor::fromRgb(0x01, 0x80, 0x00));  // 0x04018000 without a book: its RGB
+    // 0x04018000 without a book: its RGB (the drawing keeps an index colour beside it).
+    EXPECT_EQ(layer->color.method, HostColor::Method::TrueColor);
+    EXPECT_EQ(layer->color.rgb(), 0x018000u);
     EXPECT_EQ(layer->lineweight, 50);
     EXPECT_FALSE(layer->isPlottable);
     ASSERT_EQ(createLayer("R", fields("R,79609215,Continuous,,0,RAL CLASSIC,RAL 1000")), RTNORM);
@@ -75,29 +77,31 @@ TEST_F(DrawingLayers, PropertiesFromTheFields) {
 }
 
 TEST_F(DrawingLayers, RefusalsAndFailuresRestoreCmdecho) {
-    host.variables["CMDECHO"] = ResBuf::shortInt(1);
+    host.setVar("CMDECHO", ResBuf::shortInt(1));
     EXPECT_EQ(createLayer("", fields(",1,Continuous,,0")), RTERROR);
     EXPECT_EQ(createLayer("0", fields("0,1,Continuous,,0")), RTERROR);
-    EXPECT_TRUE(drawing.layers.empty());
+    EXPECT_EQ(layerNames(), std::vector<std::string>{"0"});
     ASSERT_EQ(createLayer("Dup", fields("Dup,1,Continuous,,0")), RTNORM);
     EXPECT_EQ(createLayer("DUP", fields("DUP,2,Continuous,,0")), RTERROR);
     EXPECT_EQ(host.printed, "Layer operation es 7\n");
-    EXPECT_EQ(host.variables["CMDECHO"], ResBuf::shortInt(1));
+    EXPECT_EQ(variable("CMDECHO"), 1);
     host.drawing = nullptr;
     host.clearOutput();
     EXPECT_EQ(createLayer("N", fields("N,1,Continuous,,0")), RTERROR);
     EXPECT_EQ(host.printed, "No drawing\nNo drawing\n");
-    EXPECT_EQ(host.variables["CMDECHO"], ResBuf::shortInt(1));
+    EXPECT_EQ(variable("CMDECHO"), 1);
 }
 
 TEST_F(DrawingLayers, NamedPlotStylesArePreparedAndAssigned) {
-    drawing.namedPlotStyles = true;
+    ASSERT_EQ(host.setVar("PSTYLEMODE", ResBuf::shortInt(0)), RTNORM);
+    ASSERT_TRUE(drawing.usesNamedPlotStyles());
     ASSERT_EQ(createLayer("S", fields("S,1,Continuous,,0,,,-3,Stil A")), RTNORM);
     EXPECT_EQ(drawing.findLayer("S")->plotStyleName, "Stil A");
     EXPECT_TRUE(drawing.hasDictionaryEntry("ACAD_PLOTSTYLENAME", "Stil A"));
     EXPECT_TRUE(host.boxes.empty());
 
-    drawing.plotStyleNameStatus = DbStatus::KeyNotFound;
+    // Without the document lock the place-holder is not made, so the name cannot be assigned.
+    host.lockFails = true;
     ASSERT_EQ(createLayer("T", fields("T,1,Continuous,,0,,,-3,Stil B")), RTNORM);
     ASSERT_EQ(host.boxes.size(), 1u);
     EXPECT_EQ(host.boxes[0].text,
@@ -108,28 +112,48 @@ TEST_F(DrawingLayers, NamedPlotStylesArePreparedAndAssigned) {
 }
 
 TEST_F(DrawingLayers, StatesThroughTheLayerCommand) {
-    host.variables["CLAYER"] = ResBuf::str("Wand");
-    host.variables["CMDECHO"] = ResBuf::shortInt(1);
+    // Layout1 of this drawing has two floating viewports; the first (handle 37) counts as current.
+    auto opened = cadhost::Drawing::open(std::string(ARDO_TEST_DATA) + "/commands/layout_viewports.dxf");
+    ASSERT_TRUE(std::holds_alternative<cadhost::Drawing>(opened));
+    drawing = std::get<cadhost::Drawing>(std::move(opened));
+    ASSERT_EQ(host.setVar("TILEMODE", ResBuf::shortInt(1)), RTNORM);
+    LayerRecord wand = *drawing.findLayer("Wand");
+    wand.isOff = wand.isLocked = true;
+    ASSERT_EQ(drawing.updateLayer(wand), DbStatus::Ok);
+    ASSERT_EQ(host.setVar("CLAYER", S("Wand")), RTNORM);
+    host.setVar("CMDECHO", ResBuf::shortInt(1));
     // The current layer stays thawed, unlocked and on; bit 8 in model space sends no _VPLAYER.
     applyLayerStates("Wand", 7 | 8);
     ASSERT_EQ(host.commands.size(), 1u);
     EXPECT_EQ(host.commands[0], tokens({"_.LAYER", "_THAW", "Wand", "_UNLOCK", "Wand", "_ON", "Wand", ""}));
-    EXPECT_EQ(host.variables["CMDECHO"], ResBuf::shortInt(1));
+    EXPECT_EQ(variable("CMDECHO"), 1);
+    EXPECT_EQ(layerStateBits(*drawing.findLayer("Wand")), 32);
+    EXPECT_EQ(host.printed, "");
 
-    // Current is compared exactly: "WAND" is another name here.
+    // Current is compared exactly: "WAND" is another name here. The host's layer names ignore
+    // case, so its LAYER command refuses to freeze it and asks before turning it off; the
+    // next token is no answer, and the command is cancelled with the layer unchanged.
     host.clearOutput();
     applyLayerStates("WAND", 3 | 32);
     EXPECT_EQ(host.commands[0], tokens({"_.LAYER", "_FREEZE", "WAND", "_UNLOCK", "WAND", "_OFF", "WAND", "_UNLOCK",
                                         "WAND", "_THAW", "WAND", "_ON", "WAND", "_SET", "WAND", ""}));
+    EXPECT_EQ(host.printed, "Cannot freeze the current layer.\nInvalid option keyword.\n");
+    EXPECT_EQ(layerStateBits(*drawing.findLayer("Wand")), 32);
+    EXPECT_FALSE(processor.active());
 
     host.clearOutput();
-    host.variables["TILEMODE"] = ResBuf::shortInt(0);
+    ASSERT_EQ(host.setVar("TILEMODE", ResBuf::shortInt(0)), RTNORM);
     applyLayerStates("Dach", 8 | 16);
     ASSERT_EQ(host.commands.size(), 2u);
     EXPECT_EQ(host.commands[1], tokens({"_VPLAYER", "_VPVISDFLT", "Dach", "_FROZEN", "_FREEZE", "Dach", "", ""}));
+    EXPECT_EQ(layerStateBits(*drawing.findLayer("Dach")), 16);
+    EXPECT_EQ(drawing.viewportFrozenLayers(0x37), std::vector<std::string>{"Dach"});
     host.clearOutput();
     applyLayerStates("Dach", 0);
     EXPECT_EQ(host.commands[1], tokens({"_VPLAYER", "_VPVISDFLT", "Dach", "_THAWED", "_THAW", "Dach", "", ""}));
+    EXPECT_EQ(layerStateBits(*drawing.findLayer("Dach")), 0);
+    EXPECT_TRUE(drawing.viewportFrozenLayers(0x37).empty());
+    EXPECT_EQ(host.printed, "");
 }
 
 TEST_F(DrawingLayers, StateBitsOfARecord) {
@@ -137,7 +161,8 @@ TEST_F(DrawingLayers, StateBitsOfARecord) {
     r.name = "Wand";
     r.isOff = r.isFrozen = r.frozenInNewViewports = true;
     EXPECT_EQ(layerStateBits(r), 1 | 2 | 16);
-    host.variables["CLAYER"] = ResBuf::str("Wand");
+    addLayer("Wand");
+    ASSERT_EQ(host.setVar("CLAYER", ResBuf::str("Wand")), RTNORM);
     r = LayerRecord{};
     r.name = "Wand";
     r.isLocked = true;

@@ -27,13 +27,6 @@ protected:
         LayerCoreTest::SetUp();
         useCentralFile(kCentralFile);
     }
-    LayerRecord layer(const std::string& name, bool off = false, bool frozen = false) {
-        LayerRecord r;
-        r.name = name;
-        r.isOff = off;
-        r.isFrozen = frozen;
-        return r;
-    }
 };
 
 TEST_F(LayerFunctions, NewLayerCreatesTheDecoratedName) {
@@ -44,21 +37,20 @@ TEST_F(LayerFunctions, NewLayerCreatesTheDecoratedName) {
     host.call(handlers::kemb_newlayer, {S("CMD"), S("K1"), S(""), S("NEU")});
     host.call(handlers::kemb_newlayer, {S("CMD"), S("K2"), I(12), S("X")});  // a number as prefix is ignored
     EXPECT_EQ(host.result, (ResBufChain{ResBuf::longInt(6)}));
-    std::vector<std::string> names;
-    for (const auto& l : drawing.layers) names.push_back(l.name);
-    EXPECT_EQ(names, (std::vector<std::string>{"WALL", "ABC_WALL", "ABC_WALL_NEU", "WALL_NEU", "Mauer_X"}));
+    EXPECT_EQ(layerNames(), (std::vector<std::string>{"0", "WALL", "ABC_WALL", "ABC_WALL_NEU", "WALL_NEU", "Mauer_X"}));
     EXPECT_TRUE(host.commands.empty());
 }
 
 TEST_F(LayerFunctions, NewLayerOfAnExistingLayerReturnsItsBitsAndChangesNothing) {
-    host.variables["CLAYER"] = ResBuf::str("WALL");
-    drawing.layers = {layer("WALL"), layer("Mauer", true, true)};
+    addLayer("WALL");
+    addLayer("Mauer", true, true);
+    ASSERT_EQ(host.setVar("CLAYER", ResBuf::str("WALL")), RTNORM);
     host.call(handlers::kemb_newlayer, {S("CMD"), S("K1")});
     EXPECT_EQ(host.result, (ResBufChain{ResBuf::longInt(32)}));
     host.call(handlers::kemb_newlayer, {S("CMD"), S("K2")});
     EXPECT_EQ(host.result, (ResBufChain{ResBuf::longInt(3)}));
-    EXPECT_EQ(drawing.layers.size(), 2u);
-    EXPECT_FALSE(drawing.layers[0].isFrozen);
+    EXPECT_EQ(layerNames().size(), 3u);
+    EXPECT_FALSE(drawing.findLayer("WALL")->isFrozen);
     EXPECT_TRUE(host.commands.empty());
     EXPECT_EQ(host.printed, "");
 }
@@ -72,7 +64,7 @@ TEST_F(LayerFunctions, FailuresGiveNilQuietly) {
     host.call(handlers::kemb_newlayer, {S("CMD"), S("K1")});
     EXPECT_EQ(host.result, kNil);
     EXPECT_EQ(host.printed, "");
-    EXPECT_TRUE(drawing.layers.empty());
+    EXPECT_EQ(layerNames(), std::vector<std::string>{"0"});
 }
 
 TEST_F(LayerFunctions, ArgumentErrors) {
@@ -85,35 +77,43 @@ TEST_F(LayerFunctions, ArgumentErrors) {
     host.call(handlers::Kemb_MakeLayer, {S("CMD"), I(1), S("x")});
     EXPECT_EQ(host.printed, "\nWrong type of argument");
     EXPECT_EQ(host.result, kNil);
-    EXPECT_TRUE(drawing.layers.empty());
+    EXPECT_EQ(layerNames(), std::vector<std::string>{"0"});
 }
 
 TEST_F(LayerFunctions, SetLayerNeedsTheLayerInTheDrawing) {
     host.call(handlers::kemb_setlayer, {S("CMD"), S("K2"), I(1)});
     EXPECT_EQ(host.result, kNil);
-    EXPECT_TRUE(drawing.layers.empty());
+    EXPECT_EQ(layerNames(), std::vector<std::string>{"0"});
     EXPECT_TRUE(host.commands.empty());
 
-    drawing.layers = {layer("Mauer", false, true)};
+    addLayer("Mauer", false, true);
     host.call(handlers::kemb_setlayer, {S("CMD"), S("K2"), I(1)});
     ASSERT_EQ(host.commands.size(), 1u);
     EXPECT_EQ(host.commands[0][0], S("_.LAYER"));
     EXPECT_EQ(host.commands[0][5], S("_OFF"));
-    // The record as read back after the command.
-    EXPECT_EQ(host.result, (ResBufChain{ResBuf::longInt(2)}));
+    // The record as read back after the command: thawed and off.
+    EXPECT_EQ(host.result, (ResBufChain{ResBuf::longInt(1)}));
+    EXPECT_TRUE(drawing.findLayer("Mauer")->isOff);
+    EXPECT_FALSE(drawing.findLayer("Mauer")->isFrozen);
 }
 
 TEST_F(LayerFunctions, MakeLayerCreatesThenAppliesTheBits) {
     host.call(handlers::Kemb_MakeLayer, {S("CMD"), S("K2"), I(32), S("ABC")});
-    EXPECT_EQ(host.result, (ResBufChain{ResBuf::shortInt(6), S("ABC_Mauer")}));
+    // Read back after the layer command made it current: 32.
+    EXPECT_EQ(host.result, (ResBufChain{ResBuf::shortInt(32), S("ABC_Mauer")}));
     ASSERT_TRUE(drawing.findLayer("ABC_Mauer"));
     ASSERT_EQ(host.commands.size(), 1u);
     EXPECT_EQ(host.commands[0].back(), S(""));
     EXPECT_EQ(host.commands[0][host.commands[0].size() - 3], S("_SET"));
+    // Created frozen and locked (states 6), then made usable and current.
+    EXPECT_EQ(host.commands[0][1], S("_THAW"));
+    EXPECT_EQ(drawing.getVar("CLAYER")->text, "ABC_Mauer");
+    EXPECT_FALSE(drawing.findLayer("ABC_Mauer")->isFrozen);
+    EXPECT_FALSE(drawing.findLayer("ABC_Mauer")->isLocked);
 
     host.clearOutput();
     host.call(handlers::Kemb_MakeLayer, {S("CMD"), S("K2"), I(0), S("ABC")});
-    EXPECT_EQ(drawing.layers.size(), 1u);
+    EXPECT_EQ(layerNames().size(), 2u);
     EXPECT_EQ(host.commands.size(), 1u);
 }
 

@@ -1,19 +1,23 @@
 #pragma once
 // Module files for the layer core's tests, written into a fresh temp folder: a message
 // file with section "LCINIT" and a central layer control file loaded as the module's own.
+// The tests work on the CAD host's real drawing, and the host's command processor runs
+// the commands the module sends.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 #include <unistd.h>
 
 #include "messages/MessageFile.h"
 #include "settings/ModuleFiles.h"
 #include "settings/SettingsStore.h"
+#include "cadhost/commands/CommandProcessor.h"
+#include "cadhost/drawing/Drawing.h"
 #include "support/ScriptedHost.h"
-#include "DrawingLayersTestDrawing.h"
 
 namespace ardo {
 // Readable failure messages for argument and result chains.
@@ -50,7 +54,7 @@ protected:
         std::filesystem::create_directories(folder_);
         writeFile("ardo.msg", kTestMessages);
         MessageFile::instance().attach(SettingsStore::load((folder_ / "ardo.msg").string()));
-        host.drawing = &drawing;
+        host.useDrawing(drawing, processor);
     }
     void TearDown() override {
         MessageFile::instance().release();
@@ -72,9 +76,30 @@ protected:
         moduleFiles().centralLayerFilePath = path;
     }
 
+    // Adds a layer with colour 7 and the given states.
+    void addLayer(const std::string& name, bool off = false, bool frozen = false) {
+        LayerRecord r;
+        r.name = name;
+        r.color = HostColor::fromIndex(7);
+        r.isOff = off;
+        r.isFrozen = frozen;
+        ASSERT_EQ(drawing.addLayer(r), DbStatus::Ok) << name;
+    }
+    std::vector<std::string> layerNames() const {
+        std::vector<std::string> names;
+        drawing.forEachLayer([&](const LayerRecord& l) { return names.push_back(l.name), true; });
+        return names;
+    }
+    int variable(const std::string& name) const {
+        ResBuf value;
+        EXPECT_EQ(host.getVar(name, value), RTNORM) << name;
+        return static_cast<int>(value.integer);
+    }
+
     std::filesystem::path folder_;
     ScriptedHost host;
-    TestDrawing drawing;
+    cadhost::Drawing drawing;
+    cadhost::CommandProcessor processor{{&drawing, [this](const std::string& text) { host.print(text); }, {}, {}}};
 };
 
 inline ResBuf S(const std::string& s) { return ResBuf::str(s); }

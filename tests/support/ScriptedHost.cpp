@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "cadhost/drawing/Drawing.h"
 #include "host/CaseFold.h"
 
 namespace ardo::test {
@@ -73,6 +74,12 @@ MbAnswer ScriptedHost::messageBox(const std::string& text, const std::string& ca
 }
 
 int ScriptedHost::getVar(const std::string& name, ResBuf& value) const {
+    if (realDrawing_) {
+        const auto found = realDrawing_->getVar(name);
+        if (!found) return RTERROR;
+        value = *found;
+        return RTNORM;
+    }
     auto it = variables.find(upperCase(name));
     if (it == variables.end()) return RTERROR;
     value = it->second;
@@ -80,13 +87,14 @@ int ScriptedHost::getVar(const std::string& name, ResBuf& value) const {
 }
 
 int ScriptedHost::setVar(const std::string& name, const ResBuf& value) {
+    if (realDrawing_) return realDrawing_->setVar(name, value) == DbStatus::Ok ? RTNORM : RTERROR;
     variables[upperCase(name)] = value;
     return RTNORM;
 }
 
 int ScriptedHost::command(const ResBufChain& tokens) {
     commands.push_back(tokens);
-    return RTNORM;
+    return runCommand_ ? runCommand_(tokens) : RTNORM;
 }
 
 bool ScriptedHost::colorFromAciName(const std::string& text, HostColor& color) const {

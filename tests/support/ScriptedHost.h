@@ -1,8 +1,10 @@
 #pragma once
 // A host for tests of module logic: it records what the module printed and showed, answers
 // message boxes from a script, and keeps system variables. Drawing work goes to a real
-// drawing the test hands it.
+// drawing the test hands it; with useDrawing() commands run through the CAD host's command
+// processor on that drawing and system variables are the drawing's.
 #include <deque>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -10,6 +12,11 @@
 
 #include "cadhost/colors/ColorServices.h"
 #include "host/Host.h"
+
+namespace cadhost {
+class CommandProcessor;
+class Drawing;
+}  // namespace cadhost
 
 namespace ardo::test {
 
@@ -49,6 +56,10 @@ public:
 
     // Calls a handler as the host would: sets the arguments, runs it, keeps the result.
     int call(LispHandler handler, ResBufChain args);
+    // Works on the real drawing: command() runs the tokens through the processor (and still
+    // records them); getVar and setVar go to the drawing. The processor's output should go
+    // to print(), as the host's command line is the module's.
+    void useDrawing(cadhost::Drawing& realDrawing, cadhost::CommandProcessor& processor);
     void setArgs(ResBufChain args) { args_ = std::move(args); }
     // Clears what was printed and shown.
     void clearOutput();
@@ -102,6 +113,8 @@ public:
 
 private:
     ResBufChain args_;
+    cadhost::Drawing* realDrawing_ = nullptr;
+    std::function<int(const ResBufChain&)> runCommand_;
     int funCode_ = -1;
 };
 

@@ -22,6 +22,8 @@ public:
         std::function<void(const std::string&)> print;
         // The entities of a LISP selection set named by an RTPICKS token.
         std::function<std::vector<std::int64_t>(std::int64_t set)> selectionMembers;
+        // Repaints the views after "REGENALL" (the window sets it; the console needs none).
+        std::function<void()> regenerate;
     };
 
     explicit CommandProcessor(Environment env);
@@ -44,6 +46,10 @@ public:
 
     // The previous selection set ("P"): set by "_select".
     const std::vector<std::int64_t>& previousSelection() const;
+    // The prompt the active command waits at ("" when none is active).
+    std::string prompt() const;
+    // Names of the menu groups "MENULOAD" loaded, in load order.
+    std::vector<std::string> menuGroups() const;
 
 private:
     struct Impl;

@@ -128,6 +128,10 @@ public:
     // use 331).
     std::vector<Handle> viewports() const;
     std::vector<std::string> viewportFrozenLayers(Handle viewport) const;
+    // Replaces the viewport's frozen layer list. The entity keeps the group code it uses
+    // (331 or 341); a viewport without a list gets 331, as the DXF reference writes it.
+    // KeyNotFound for an unknown viewport or layer; nothing is changed then.
+    ardo::DbStatus setViewportFrozenLayers(Handle viewport, const std::vector<std::string>& layers);
 
 private:
     struct Table {

@@ -1,5 +1,8 @@
 // Entity access by handle and in file order, entity lists and viewports.
+#include <algorithm>
+
 #include "cadhost/drawing/Drawing.h"
+#include "cadhost/dxf/TagEdit.h"
 #include "cadhost/dxf/GroupCode.h"
 #include "cadhost/dxf/TagValue.h"
 
@@ -118,6 +121,39 @@ std::vector<std::string> Drawing::viewportFrozenLayers(Handle viewport) const {
             out.push_back(text(tagValue(doc_.tags(*layer), 2).value_or("")));
     }
     return out;
+}
+
+ardo::DbStatus Drawing::setViewportFrozenLayers(Handle viewport, const std::vector<std::string>& layers) {
+    const Entity* e = findEntity(viewport);
+    if (!e || doc_.type(e->record) != "VIEWPORT") return ardo::DbStatus::KeyNotFound;
+    std::vector<std::string> handles;
+    for (const std::string& name : layers) {
+        const auto layer = findTableRecord("LAYER", name);
+        if (!layer) return ardo::DbStatus::KeyNotFound;
+        handles.emplace_back(tagValue(doc_.tags(*layer), 5).value_or("0"));
+    }
+    std::vector<OwnedTag> tags = doc_.copyTags(e->record);
+    const std::size_t own = ownTagsEnd(tags);
+    const auto isList = [](const OwnedTag& t) { return t.code == 331 || t.code == 341; };
+    const auto first = std::find_if(tags.begin(), tags.begin() + static_cast<std::ptrdiff_t>(own), isList);
+    int code = 331;
+    std::size_t at = own;
+    if (first != tags.begin() + static_cast<std::ptrdiff_t>(own)) {
+        code = first->code;
+        at = static_cast<std::size_t>(first - tags.begin());
+    } else {
+        // The list sits before the status flags (90) in the files AutoCAD writes.
+        const auto status = std::find_if(tags.begin(), tags.begin() + static_cast<std::ptrdiff_t>(own),
+                                          [](const OwnedTag& t) { return t.code == 90; });
+        at = static_cast<std::size_t>(status - tags.begin());
+    }
+    removeTags(tags, 331);
+    removeTags(tags, 341);
+    std::vector<OwnedTag> list;
+    for (const std::string& h : handles) list.push_back({code, h});
+    tags.insert(tags.begin() + static_cast<std::ptrdiff_t>(std::min(at, ownTagsEnd(tags))), list.begin(), list.end());
+    doc_.replace(e->record, std::move(tags));
+    return ardo::DbStatus::Ok;
 }
 
 }  // namespace cadhost

@@ -1,0 +1,42 @@
+#include "cadhost/commands/CommandNames.h"
+
+#include <array>
+
+#include "host/CaseFold.h"
+
+namespace cadhost::commands {
+
+namespace {
+
+constexpr std::array<CommandEntry, 8> kCommands{{
+    {"LAYER", makeLayerCommand},
+    {"VPLAYER", makeVplayerCommand},
+    {"SELECT", makeSelectCommand},
+    {"REGENALL", makeRegenallCommand},
+    {"QSAVE", makeQsaveCommand},
+    {"SAVEAS", makeSaveasCommand},
+    {"MENULOAD", makeMenuloadCommand},
+    {"MENUUNLOAD", makeMenuunloadCommand},
+}};
+
+// Commands that have a "-" command-line form beside their dialog.
+bool hasDashForm(std::string_view name) { return name == "LAYER"; }
+
+}  // namespace
+
+std::string commandKey(std::string_view typed) {
+    typed = ardo::trimWhite(typed);
+    while (!typed.empty() && (typed.front() == '_' || typed.front() == '.')) typed.remove_prefix(1);
+    return ardo::upperCase(typed);
+}
+
+std::optional<CommandEntry> findCommand(std::string_view typed) {
+    std::string key = commandKey(typed);
+    const bool dash = !key.empty() && key.front() == '-';
+    if (dash) key.erase(0, 1);
+    for (const CommandEntry& entry : kCommands)
+        if (entry.name == key && (!dash || hasDashForm(entry.name))) return entry;
+    return std::nullopt;
+}
+
+}  // namespace cadhost::commands
