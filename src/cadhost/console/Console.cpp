@@ -116,6 +116,8 @@ int runConsole(const ConsoleOptions& o, const std::string& programFolder) {
             exitCode = 1;
         }
     }
+    // Ended here, while the terminal the modules' message boxes may still ask is open.
+    host.modules().quit();
     std::cout.flush();
     return exitCode;
 }
