@@ -1,0 +1,138 @@
+#include "cadhost/app/CommandLine.h"
+
+#include <sstream>
+#include <vector>
+
+#include "cadhost/app/CadHost.h"
+#include "cadhost/lisp/ResBufConvert.h"
+#include "host/CaseFold.h"
+
+namespace cadhost {
+
+namespace {
+
+std::vector<std::string> words(std::string_view line) {
+    std::istringstream in{std::string(line)};
+    std::vector<std::string> out;
+    for (std::string w; in >> w;) out.push_back(w);
+    return out;
+}
+
+}  // namespace
+
+bool expressionComplete(std::string_view source) {
+    int depth = 0;
+    for (std::size_t i = 0; i < source.size(); ++i) {
+        const char c = source[i];
+        if (c == '"') {
+            for (++i; i < source.size() && source[i] != '"'; ++i)
+                if (source[i] == '\\') ++i;
+            if (i >= source.size()) return false;   // a string still open
+        } else if (c == ';') {
+            if (i + 1 < source.size() && source[i + 1] == '|') {
+                const std::size_t end = source.find("|;", i + 2);
+                if (end == std::string_view::npos) return false;
+                i = end + 1;
+            } else {
+                const std::size_t end = source.find('\n', i);
+                if (end == std::string_view::npos) break;
+                i = end;
+            }
+        } else if (c == '(') {
+            ++depth;
+        } else if (c == ')') {
+            --depth;
+        }
+    }
+    return depth <= 0;
+}
+
+void CommandLine::enter(std::string_view line) {
+    if (!openExpression_.empty()) {
+        openExpression_ += '\n';
+        openExpression_ += line;
+        if (!expressionComplete(openExpression_)) return;
+        const std::string source = std::move(openExpression_);
+        openExpression_.clear();
+        evaluate(source);
+    } else if (host_.commands().active()) {
+        answer(line);
+    } else {
+        const std::string_view text = ardo::trimWhite(line);
+        if (text.starts_with('(')) {
+            if (!expressionComplete(text)) {
+                openExpression_ = std::string(text);
+                return;
+            }
+            evaluate(text);
+        } else if (text.starts_with('!')) {
+            evaluate(text.substr(1));
+        } else if (!text.empty()) {
+            startCommand(text);
+        }
+    }
+    host_.runQueuedExpressions();
+}
+
+void CommandLine::evaluate(std::string_view source) { host_.lisp().topLevel(source); }
+
+// A LISP expression at a command's prompt answers it with its value.
+void CommandLine::answer(std::string_view line) {
+    const std::string_view text = ardo::trimWhite(line);
+    if (!text.starts_with('(')) {
+        feed(std::string(line));
+        return;
+    }
+    const lisp::EvalResult result = host_.lisp().evaluate(text);
+    if (!result.ok) {
+        host_.commands().cancel();
+        return;
+    }
+    ardo::ResBufChain tokens;
+    lisp::appendArgument(tokens, result.value);
+    host_.command(tokens);
+}
+
+void CommandLine::startCommand(std::string_view line) {
+    const std::vector<std::string> parts = words(line);
+    const std::string name = ardo::upperCase(parts.front());
+    if (name == "QUIT" || name == "EXIT") {
+        quit_ = true;
+        return;
+    }
+    if (host_.lisp().isCommand(parts.front())) {
+        host_.lisp().runCommand(parts.front());
+        return;
+    }
+    if (!host_.commands().knows(parts.front())) {
+        host_.print("Unknown command \"" + name + "\".  Press F1 for help.\n");
+        return;
+    }
+    for (const std::string& token : parts) {
+        feed(token);
+        if (!host_.commands().active()) break;
+    }
+}
+
+void CommandLine::feed(const std::string& token) {
+    try {
+        host_.command({ardo::ResBuf::str(token)});
+    } catch (const std::exception& e) {
+        host_.commands().cancel();
+        host_.print(std::string("; error: ") + e.what() + "\n");
+    }
+}
+
+std::string CommandLine::prompt() const {
+    return openExpression_.empty() && !host_.commands().active() ? "Command: " : "";
+}
+
+void CommandLine::finish() {
+    if (openExpression_.empty()) return;
+    openExpression_.clear();
+    host_.print("; error: malformed list on input\n");
+}
+
+bool CommandLine::quitRequested() const { return quit_ || host_.quitRequested(); }
+
+}  // namespace cadhost

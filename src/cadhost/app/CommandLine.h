@@ -1,0 +1,40 @@
+#pragma once
+// The host's command line: one line of input at a time, as the console's prompt and
+// scripts give it. A LISP expression is evaluated and its value printed ("!name" shows a
+// variable); lines of an expression whose parentheses are still open are collected
+// first. A word naming a C: function runs it; a word naming a host command starts it,
+// further words on that line and the following lines answering its prompts (a whole
+// line is one answer, an empty line is Enter). "QUIT" and "EXIT" end the session.
+#include <string>
+#include <string_view>
+
+namespace cadhost {
+
+class CadHost;
+
+class CommandLine {
+public:
+    explicit CommandLine(CadHost& host) : host_(host) {}
+
+    void enter(std::string_view line);
+    // What the prompt shows before the next line: "Command: " when nothing is under way.
+    std::string prompt() const;
+    // Ends the input; an expression left open is reported as the host reports it.
+    void finish();
+    bool quitRequested() const;
+
+private:
+    void evaluate(std::string_view source);
+    void answer(std::string_view line);
+    void startCommand(std::string_view line);
+    void feed(const std::string& token);
+
+    CadHost& host_;
+    std::string openExpression_;
+    bool quit_ = false;
+};
+
+// True when every parenthesis opened outside strings and comments is closed.
+bool expressionComplete(std::string_view source);
+
+}  // namespace cadhost

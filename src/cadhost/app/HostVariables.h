@@ -1,0 +1,33 @@
+#pragma once
+// System variables that belong to the application rather than to the drawing: release,
+// product, platform, user, temporary folder, whether the drawing has a name, and the
+// user string variables that are not saved in a drawing.
+#include <map>
+#include <optional>
+#include <string>
+
+#include "host/ResBuf.h"
+
+namespace cadhost {
+
+class HostVariables {
+public:
+    HostVariables();
+
+    // Names are upper case. The application's own names come before the drawing's
+    // (ACADVER is the program's release here, not the file's version).
+    bool holds(const std::string& name) const;
+    // Nothing for a name the application does not hold.
+    std::optional<ardo::ResBuf> get(const std::string& name) const;
+    // False for an unknown or read-only name, or a value of the wrong type.
+    bool set(const std::string& name, const ardo::ResBuf& value);
+
+    void setDrawingTitled(bool titled) { titled_ = titled; }
+
+private:
+    std::map<std::string, ardo::ResBuf> writable_;
+    std::map<std::string, ardo::ResBuf> fixed_;
+    bool titled_ = false;
+};
+
+}  // namespace cadhost

@@ -1,0 +1,33 @@
+#include "cadhost/app/LoadedModule.h"
+
+#include <dlfcn.h>
+
+#include <filesystem>
+
+namespace cadhost {
+
+std::variant<std::unique_ptr<LoadedModule>, std::string> LoadedModule::open(const std::string& path) {
+    std::error_code ec;
+    if (!std::filesystem::is_regular_file(path, ec))
+        return "cannot load module \"" + path + "\": no such file; check the name and folder";
+    void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (!handle)
+        return "cannot load module \"" + path + "\": " + dlerror() +
+               "; it must be a shared library built for this system";
+    void* symbol = dlsym(handle, "acrxEntryPoint");
+    if (!symbol) {
+        dlclose(handle);
+        return "module \"" + path + "\" has no entry point acrxEntryPoint; a module exports " +
+               "extern \"C\" int acrxEntryPoint(int message, void* appId)";
+    }
+    auto entry = reinterpret_cast<EntryPoint>(symbol);
+    return std::unique_ptr<LoadedModule>(new LoadedModule(handle, entry, path));
+}
+
+LoadedModule::LoadedModule(void* handle, EntryPoint entry, std::string path)
+    : handle_(handle), entry_(entry), path_(std::move(path)),
+      appName_(std::filesystem::path(path_).filename().string()) {}
+
+LoadedModule::~LoadedModule() { dlclose(handle_); }
+
+}  // namespace cadhost

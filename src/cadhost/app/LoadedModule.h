@@ -1,0 +1,34 @@
+#pragma once
+// One module loaded into the host: an ObjectARX-style shared library opened with dlopen
+// (RTLD_NOW | RTLD_LOCAL) and its entry point acrxEntryPoint. Closing it unloads the code.
+#include <memory>
+#include <string>
+#include <variant>
+
+#include "cadhost/app/AppMessages.h"
+
+namespace cadhost {
+
+class LoadedModule {
+public:
+    // The module, or a message for the user when the file cannot be loaded or has no entry point.
+    static std::variant<std::unique_ptr<LoadedModule>, std::string> open(const std::string& path);
+    ~LoadedModule();
+    LoadedModule(const LoadedModule&) = delete;
+    LoadedModule& operator=(const LoadedModule&) = delete;
+
+    const std::string& path() const { return path_; }
+    // The file name, as (arx) lists the application.
+    const std::string& appName() const { return appName_; }
+    int send(AppMsg message, void* appId) const { return entry_(message, appId); }
+
+private:
+    LoadedModule(void* handle, EntryPoint entry, std::string path);
+
+    void* handle_;
+    EntryPoint entry_;
+    std::string path_;
+    std::string appName_;
+};
+
+}  // namespace cadhost

@@ -1,0 +1,34 @@
+// ardo-cad: the CAD host's console.
+#include <unistd.h>
+
+#include <filesystem>
+#include <iostream>
+
+#include "cadhost/console/Console.h"
+
+namespace {
+
+// The folder of the running executable, where the module and its files lie.
+std::string programFolder(const char* argv0) {
+    std::error_code ec;
+    std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", ec);
+    if (ec) self = std::filesystem::absolute(argv0, ec);
+    return self.parent_path().string();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace cadhost::console;
+    const auto parsed = parseOptions(std::vector<std::string>(argv + 1, argv + argc));
+    if (const auto* error = std::get_if<std::string>(&parsed)) {
+        std::cerr << "ardo-cad: " << *error << '\n' << kUsage;
+        return 2;
+    }
+    const ConsoleOptions& options = std::get<ConsoleOptions>(parsed);
+    if (options.help) {
+        std::cout << kUsage;
+        return 0;
+    }
+    return runConsole(options, programFolder(argv[0]));
+}
