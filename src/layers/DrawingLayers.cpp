@@ -1,5 +1,7 @@
 #include "layers/DrawingLayers.h"
 
+#include <filesystem>
+
 #include "host/Host.h"
 #include "host/Printf.h"
 #include "layers/ColourCode.h"
@@ -34,7 +36,12 @@ void ensureLinetype(const std::string& linetype, const std::string& linetypeFile
         return;
     }
     if (drawing->hasLinetype(linetype)) return;
-    const DbStatus status = drawing->loadLinetype(linetype, linetypeFile);
+    // As the host's loader does, a file not found as given is looked for along the
+    // host's support folders.
+    std::string file = linetypeFile;
+    std::error_code ec;
+    if (!file.empty() && !std::filesystem::exists(file, ec)) host().findFile(linetypeFile, file);
+    const DbStatus status = drawing->loadLinetype(linetype, file);
     if (status != DbStatus::Ok) printLayerError("EsOpenLinetypeTable", status);
 }
 

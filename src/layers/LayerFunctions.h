@@ -23,6 +23,8 @@ int kemb_getLayerData();
 int Kemb_GetLayerDataEx();
 // (Kemb_GetLayerFile cmd) -> path of the central layer control file in use.
 int Kemb_GetLayerFile();
+// (kemb_getObjektLayer command object objecttype folder): (key name current inDrawing).
+int kemb_getObjektLayer();
 // (kemb_getColorDataFromString text) -> ((62 . index) [(420 . rgb)] [(430 . "book$colour")]).
 int kemb_getColorDataFromString();
 
