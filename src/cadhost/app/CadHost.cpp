@@ -21,7 +21,9 @@ CadHost::CadHost(Drawing drawing, bool titled, Print print)
           [this](std::int64_t set) {
               const auto selection = lisp_.selectionSet(set);
               return selection ? selection->entities : std::vector<std::int64_t>{};
-          }}),
+          },
+          // The console draws nothing; a window repaints here.
+          [] {}}),
       modules_(*this) {
     variables_.setDrawingTitled(titled);
     defineModuleFunctions(*this);
@@ -138,6 +140,23 @@ bool CadHost::lockDocument() {
 
 void CadHost::unlockDocument() {
     if (lockCount_ > 0) --lockCount_;
+}
+
+bool CadHost::arxLoad(const std::string& path) {
+    if (auto error = modules_.load(path)) {
+        printLine(*error);
+        return false;
+    }
+    return true;
+}
+
+bool CadHost::arxLoaded(const std::string& application) const { return modules_.find(application) != nullptr; }
+
+bool CadHost::findFile(const std::string& name, std::string& result) const {
+    auto found = lisp_.findFile(name);
+    if (!found) return false;
+    result = found->string();
+    return true;
 }
 
 }  // namespace cadhost

@@ -93,6 +93,13 @@ public:
     }
     std::uint32_t rgbOfIndexColor(int index) const override { return colors_.rgbOfIndex(index); }
 
+    // Loads through the module loader; a failure is printed as (arxload) prints it.
+    bool arxLoad(const std::string& path) override;
+    bool arxLoaded(const std::string& application) const override;
+    bool findFile(const std::string& name, std::string& result) const override;
+    // The console has no menu bar: menu groups load (MENULOAD) but have no entries to grey.
+    bool greyMenuItem(const std::string&, const std::string&, bool) override { return false; }
+
 private:
     // The call in progress: whose function, its code, its arguments and its result.
     struct Frame {

@@ -80,6 +80,10 @@ int runConsole(const ConsoleOptions& o, const std::string& programFolder) {
         if (interactive) std::cout.flush();
     });
     for (ardo::MbAnswer a : o.answers) host.boxes().addScriptAnswer(a);
+    // The support folders: the program's own, where the module's files lie, then the drawing's.
+    std::vector<std::filesystem::path> support{programFolder};
+    if (o.drawing) support.push_back(std::filesystem::absolute(*o.drawing).parent_path());
+    host.lisp().setSearchPath(std::move(support));
     std::unique_ptr<TerminalReader> terminal;
     if (interactive) {
         terminal = std::make_unique<TerminalReader>();
