@@ -1,0 +1,10 @@
+#include "host/module/ModuleState.h"
+
+namespace ardo {
+
+ModuleState& moduleState() {
+    static ModuleState state;
+    return state;
+}
+
+}  // namespace ardo

@@ -1,0 +1,16 @@
+#pragma once
+// Functions of the table whose work (the layer dialog, highlighting, the colour dialog,
+// area shapes) this build does not contain yet. Each tells the user so on the command
+// line, with the message file's "NotAvailable" text, and returns nil.
+
+namespace ardo::handlers {
+
+int kemb_layerDialog();
+int kemb_ArdoIniDialog();
+int C_Kemb_EditLayers();
+int kemb_ColorDialog();
+int kemb_Highlight();
+int C_kemb_HighlightOptions();
+int kemb_MakeAreaShape();
+
+}  // namespace ardo::handlers
