@@ -79,7 +79,10 @@ std::string systemConfigurationFile() {
 
 int readUserRoot(std::string& result) {
     result = GetPrivateProfileStringW("ARDO_SYS_INI", "USER_ROOT", "", kPathBuffer, systemConfigurationFile()).text;
-    return result.empty() ? RTERROR : RTNORM;
+    if (result.empty()) return RTERROR;
+    // A relative root lies below the program folder, so an installation can carry its users.
+    if (result.front() != kPathSeparator) result = joinPath(moduleFiles().programFolder, result);
+    return RTNORM;
 }
 
 int getUserName(std::string& result) {

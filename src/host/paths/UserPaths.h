@@ -18,7 +18,8 @@ inline constexpr const char* kSysDefaultMarker = "<SYS_DEFAULT>";
 // The system configuration file in the program folder.
 std::string systemConfigurationFile();
 
-// RTNORM with the configured user root; RTERROR when none is configured.
+// RTNORM with the configured user root (a relative one taken below the program folder);
+// RTERROR when none is configured.
 int readUserRoot(std::string& result);
 
 // The login name, or "_Default" when it cannot be read or is empty; always RTNORM.
