@@ -35,10 +35,18 @@ std::string keyOf(int i) {
     return key;
 }
 
-// A copy of the build's installation whose default central file has one key per call.
-fs::path makeInstallation(const fs::path& root) {
-    const fs::path folder = root / "ardo";
+// A copy of the build's installation for a new user: settings folders that runs of the
+// build's own ardo-cad left behind are dropped.
+fs::path copyInstallation(const fs::path& folder) {
     fs::copy(ARDO_BUILD_ARDO_DIR, folder, fs::copy_options::recursive);
+    for (const auto& entry : fs::directory_iterator(folder / "Benutzer"))
+        if (entry.is_directory()) fs::remove_all(entry.path());
+    return folder;
+}
+
+// A copy of the installation whose default central file has one key per call.
+fs::path makeInstallation(const fs::path& root) {
+    const fs::path folder = copyInstallation(root / "ardo");
     std::ofstream ini(folder / "DefaultIni/Ardo.ini", std::ios::binary | std::ios::trunc);
     ini << "[LAYER]\r\n";
     for (int i = 0; i <= kCalls; ++i)
@@ -128,8 +136,7 @@ int main() {
     }
 
     // Start-up with the example installation's own central file.
-    const fs::path plain = root / "plain";
-    fs::copy(ARDO_BUILD_ARDO_DIR, plain, fs::copy_options::recursive);
+    const fs::path plain = copyInstallation(root / "plain");
     std::vector<double> starts;
     for (int i = 0; i < kStarts; ++i) starts.push_back(startUpSeconds(plain / "ardo-cad"));
     std::sort(starts.begin(), starts.end());

@@ -18,6 +18,7 @@ rm -f "$out"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp -r build/default/ardo "$work/ardo"
+find "$work/ardo/Benutzer" -mindepth 1 -maxdepth 1 -type d -exec rm -rf {} +
 mkdir -p "$work/tmp"
 TMPDIR="$work/tmp" "$work/ardo/ardo-cad" examples/drawings/office.dxf \
   -s examples/demo.lsp -o "$out" </dev/null

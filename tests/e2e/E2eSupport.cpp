@@ -63,6 +63,10 @@ RunResult runProcess(const std::vector<std::string>& argv, const std::map<std::s
 
 Installation::Installation() : folder_(root_.path() / "ardo") {
     fs::copy(ARDO_BUILD_ARDO_DIR, folder_, fs::copy_options::recursive);
+    // Settings folders that a run of the build's own ardo-cad left behind are not the
+    // installation's: each test starts as a new user of it.
+    for (const auto& entry : fs::directory_iterator(folder_ / "Benutzer"))
+        if (entry.is_directory()) fs::remove_all(entry.path());
     fs::create_directories(root_.path() / "tmp");
 }
 
