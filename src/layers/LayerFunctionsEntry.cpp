@@ -1,5 +1,8 @@
 #include "layers/LayerFunctionsEntry.h"
 
+#include <unordered_map>
+
+#include "host/CaseFold.h"
 #include "settings/ModuleFiles.h"
 
 namespace ardo {
@@ -8,14 +11,50 @@ namespace {
 
 constexpr const char* kLayerSection = "LAYER";
 
+// The key lines of the [LAYER] section by upper-cased key (the first line of a key wins),
+// so that a call finds its key without walking a central file of many thousand keys. The
+// index belongs to one store in one shape: it is made again when the store was replaced
+// or gained records.
+class LayerKeyIndex {
+public:
+    std::optional<SettingsStore::ConstPosition> find(const SettingsStore& file, const std::string& key) {
+        if (file.serial() != serial_ || file.records().size() != recordCount_) rebuild(file);
+        if (!hasSection_) return std::nullopt;
+        auto it = lines_.find(upperCase(key));
+        if (it == lines_.end()) return file.end();
+        // A key changed in place since: the store's own search has the last word.
+        if (!equalsNoCase(it->second->key, key)) return file.findKey(header_, key);
+        return it->second;
+    }
+
+private:
+    void rebuild(const SettingsStore& file) {
+        serial_ = file.serial();
+        recordCount_ = file.records().size();
+        lines_.clear();
+        header_ = file.findSection(kLayerSection);
+        hasSection_ = header_ != file.end();
+        if (!hasSection_) return;
+        for (auto line = std::next(header_); line != file.sectionEnd(header_); ++line)
+            lines_.try_emplace(upperCase(line->key), line);
+    }
+
+    std::uint64_t serial_ = 0;
+    size_t recordCount_ = 0;
+    bool hasSection_ = false;
+    SettingsStore::ConstPosition header_{};
+    std::unordered_map<std::string, SettingsStore::ConstPosition> lines_;
+};
+
 }  // namespace
 
 std::optional<LayerValue> layerEntryOfKey(const std::string& key) {
     const SettingsStore* file = moduleFiles().centralLayerFile.get();
     if (!file) return std::nullopt;
-    const auto header = file->findSection(kLayerSection);
-    if (header == file->end()) return std::nullopt;
-    const auto line = file->findKey(header, key);
+    static LayerKeyIndex index;
+    const auto found = index.find(*file, key);
+    if (!found) return std::nullopt;
+    const auto line = *found;
     if (line == file->end() || line->value.empty()) return std::nullopt;
     LayerValue value;
     if (!parseLayerValue(line->value, value)) return std::nullopt;

@@ -6,6 +6,11 @@
 
 namespace ardo {
 
+std::uint64_t SettingsStore::nextSerial() {
+    static std::uint64_t serial = 0;
+    return ++serial;
+}
+
 std::unique_ptr<SettingsStore> SettingsStore::load(const std::string& path) {
     auto lines = readTextPieces(path, kLinePiece);
     if (!lines) return nullptr;

@@ -1,6 +1,7 @@
 #pragma once
 // The settings-file store: an INI-style file held in memory as an ordered list of
 // section-header and key records. Comment and blank lines are not kept.
+#include <cstdint>
 #include <list>
 #include <memory>
 #include <string>
@@ -62,9 +63,16 @@ public:
     // The text write() puts in the file, before the code page and line ends are applied.
     std::string text() const;
 
+    // Tells stores apart for caches of their positions, also when one takes the place of
+    // another at the same address.
+    std::uint64_t serial() const { return serial_; }
+
 private:
+    static std::uint64_t nextSerial();
+
     Records records_;
     LineEnd lineEnd_ = kNewFileLineEnd;
+    std::uint64_t serial_ = nextSerial();
 };
 
 }  // namespace ardo
