@@ -1,16 +1,14 @@
 // ardo-cad run as a child process on real files, as users and scripts run it.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "cadhost/drawing/Drawing.h"
+#include "support/TempFolder.h"
 
 namespace cadhost::test {
 namespace {
@@ -23,13 +21,6 @@ std::string quoted(const std::string& s) {
     return q + "'";
 }
 
-std::string readAll(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
 struct Outcome {
     int exitCode = -1;
     std::string out;
@@ -38,21 +29,10 @@ struct Outcome {
 
 class Console : public ::testing::Test {
 protected:
-    fs::path dir;
+    ardo::test::TempFolder folder;
+    const fs::path& dir = folder.path();
 
-    void SetUp() override {
-        dir = fs::temp_directory_path() /
-              ("ardo-cad-test-" + std::to_string(getpid()) + "-" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(dir);
-        fs::create_directories(dir);
-    }
-    void TearDown() override { fs::remove_all(dir); }
-
-    fs::path write(const std::string& name, const std::string& text) {
-        std::ofstream(dir / name, std::ios::binary) << text;
-        return dir / name;
-    }
+    fs::path write(const std::string& name, const std::string& text) { return folder.write(name, text); }
 
     // Runs ardo-cad with the arguments and the text on standard input (script mode).
     Outcome run(const std::vector<std::string>& args, const std::string& input = "") {
@@ -63,8 +43,8 @@ protected:
         const int status = std::system(cmd.c_str());
         Outcome r;
         r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        r.out = readAll(dir / "out.txt");
-        r.err = readAll(dir / "err.txt");
+        r.out = ardo::test::readBytes(dir / "out.txt");
+        r.err = ardo::test::readBytes(dir / "err.txt");
         return r;
     }
 
@@ -76,7 +56,7 @@ protected:
         const fs::path py = write("read.py", script);
         const std::string cmd = "/usr/bin/python3 " + quoted(py.string()) + " > " + quoted((dir / "ez.txt").string());
         if (std::system(cmd.c_str()) != 0) return "ezdxf failed";
-        return readAll(dir / "ez.txt");
+        return ardo::test::readBytes(dir / "ez.txt");
     }
 };
 

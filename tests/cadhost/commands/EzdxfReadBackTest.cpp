@@ -4,14 +4,11 @@
 
 #include <array>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <optional>
 
-#include <unistd.h>
-
 #include "CommandTestSupport.h"
+#include "support/TempFolder.h"
 
 namespace cadhost::test {
 
@@ -51,9 +48,8 @@ for v in doc.entitydb.query('VIEWPORT'):
 TEST(EzdxfReadBack, LayerStatesAndViewportListsAfterSaving) {
     const auto python = pythonWithEzdxf();
     if (!python) GTEST_SKIP() << "python3 with ezdxf (Debian python3-ezdxf) is not installed";
-    const auto folder = std::filesystem::temp_directory_path() / ("ardo-commands-ezdxf-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder);
-    const std::string saved = (folder / "states.dxf").string();
+    const ardo::test::TempFolder folder;
+    const std::string saved = folder.file("states.dxf");
 
     CommandLine cl{openFixture("layout_viewports.dxf")};
     cl.echo(0);
@@ -66,10 +62,8 @@ TEST(EzdxfReadBack, LayerStatesAndViewportListsAfterSaving) {
               ardo::RTNORM);
     ASSERT_EQ(cl.feed({S("_SAVEAS"), S("DXF"), S(saved)}), ardo::RTNORM) << cl.printed;
 
-    const std::string script = (folder / "report.py").string();
-    std::ofstream(script) << kReport;
+    const std::string script = folder.write("report.py", kReport);
     const std::string report = runAndRead(*python + " '" + script + "' '" + saved + "' 2>&1");
-    std::filesystem::remove_all(folder);
     EXPECT_EQ(report, "0 0 0 0 0 7 -3 1\n"
                       "Defpoints 0 0 0 0 7 -3 0\n"
                       "Wand 1 0 0 0 1 -3 0\n"

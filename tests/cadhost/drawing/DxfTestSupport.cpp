@@ -6,9 +6,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <fstream>
-#include <random>
-#include <sstream>
 
 extern char** environ;
 
@@ -27,24 +24,6 @@ std::vector<fs::path> corpusFiles() {
         if (e.path().extension() == ".dxf") files.push_back(e.path());
     std::sort(files.begin(), files.end());
     return files;
-}
-
-std::string readBytes(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-TempDir::TempDir() {
-    std::random_device rd;
-    path_ = fs::temp_directory_path() / ("cadhost-dxf-" + std::to_string(rd()));
-    fs::create_directories(path_);
-}
-
-TempDir::~TempDir() {
-    std::error_code ec;
-    fs::remove_all(path_, ec);
 }
 
 Drawing openOrFail(const std::string& path) {

@@ -1,32 +1,21 @@
 #pragma once
-// Helpers of the drawing tests: fixture paths, temporary folders, and the independent DXF
-// readers (ezdxf through python3, LibreCAD) run as child processes.
+// Helpers of the drawing tests: fixture paths, and the independent DXF readers (ezdxf through
+// python3, LibreCAD) run as child processes.
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "cadhost/drawing/Drawing.h"
+#include "support/TempFolder.h"
 
 namespace cadhost::test {
 
 std::string fixture(const std::string& name);
 std::filesystem::path corpusDir();
 std::vector<std::filesystem::path> corpusFiles();
-std::string readBytes(const std::filesystem::path& path);
-
-// A fresh folder under the system's temporary folder, removed with the object.
-class TempDir {
-public:
-    TempDir();
-    ~TempDir();
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-    std::filesystem::path file(const std::string& name) const { return path_ / name; }
-
-private:
-    std::filesystem::path path_;
-};
+using ardo::test::readBytes;
+using ardo::test::TempFolder;
 
 Drawing openOrFail(const std::string& path);
 Drawing parseOrFail(const std::string& bytes);
