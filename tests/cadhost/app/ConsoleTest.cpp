@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cadhost/drawing/Drawing.h"
+#include "support/Ezdxf.h"
 #include "support/TempFolder.h"
 
 namespace cadhost::test {
@@ -50,13 +51,12 @@ protected:
 
     // What ezdxf reads from a saved drawing, or nothing when ezdxf is not there.
     std::optional<std::string> ezdxf(const fs::path& dxf, const std::string& expression) {
-        if (std::system("/usr/bin/python3 -c 'import ezdxf' 2>/dev/null") != 0) return std::nullopt;
-        const std::string script = "import ezdxf\nd = ezdxf.readfile(" + quoted(dxf.string()) + ")\nprint(" +
-                                   expression + ")\n";
-        const fs::path py = write("read.py", script);
-        const std::string cmd = "/usr/bin/python3 " + quoted(py.string()) + " > " + quoted((dir / "ez.txt").string());
-        if (std::system(cmd.c_str()) != 0) return "ezdxf failed";
-        return ardo::test::readBytes(dir / "ez.txt");
+        const auto python = ardo::test::pythonWithEzdxf();
+        if (!python) return std::nullopt;
+        const auto r = ardo::test::runPython(
+            *python, "import sys, ezdxf\nd = ezdxf.readfile(sys.argv[1])\nprint(" + expression + ")\n", {dxf.string()});
+        if (r.exitCode != 0) return "ezdxf failed: " + r.output;
+        return r.output;
     }
 };
 

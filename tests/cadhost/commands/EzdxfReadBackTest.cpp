@@ -2,34 +2,13 @@
 // DXF reader, with the same layer states and viewport lists.
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
-#include <memory>
-#include <optional>
-
 #include "CommandTestSupport.h"
+#include "support/Ezdxf.h"
 #include "support/TempFolder.h"
 
 namespace cadhost::test {
 
 namespace {
-
-std::string runAndRead(const std::string& commandLine) {
-    std::string out;
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(::popen(commandLine.c_str(), "r"), ::pclose);
-    if (!pipe) return out;
-    std::array<char, 4096> buffer{};
-    while (const std::size_t n = std::fread(buffer.data(), 1, buffer.size(), pipe.get())) out.append(buffer.data(), n);
-    return out;
-}
-
-// The Debian package installs into the system interpreter, which a user's own python3
-// may not see.
-std::optional<std::string> pythonWithEzdxf() {
-    for (const char* python : {"python3", "/usr/bin/python3"})
-        if (runAndRead(std::string(python) + " -c 'import ezdxf; print(1)' 2>/dev/null") == "1\n") return python;
-    return std::nullopt;
-}
 
 // One line per layer: name, off, frozen, locked, VPDFLT, colour, lineweight, plot; then one
 // line per viewport with its frozen layers.
@@ -46,8 +25,8 @@ for v in doc.entitydb.query('VIEWPORT'):
 }  // namespace
 
 TEST(EzdxfReadBack, LayerStatesAndViewportListsAfterSaving) {
-    const auto python = pythonWithEzdxf();
-    if (!python) GTEST_SKIP() << "python3 with ezdxf (Debian python3-ezdxf) is not installed";
+    const auto python = ardo::test::pythonWithEzdxf();
+    if (!python) GTEST_SKIP() << ardo::test::kNoEzdxf;
     const ardo::test::TempFolder folder;
     const std::string saved = folder.file("states.dxf");
 
@@ -62,8 +41,7 @@ TEST(EzdxfReadBack, LayerStatesAndViewportListsAfterSaving) {
               ardo::RTNORM);
     ASSERT_EQ(cl.feed({S("_SAVEAS"), S("DXF"), S(saved)}), ardo::RTNORM) << cl.printed;
 
-    const std::string script = folder.write("report.py", kReport);
-    const std::string report = runAndRead(*python + " '" + script + "' '" + saved + "' 2>&1");
+    const std::string report = ardo::test::runPython(*python, kReport, {saved}).output;
     EXPECT_EQ(report, "0 0 0 0 0 7 -3 1\n"
                       "Defpoints 0 0 0 0 7 -3 0\n"
                       "Wand 1 0 0 0 1 -3 0\n"

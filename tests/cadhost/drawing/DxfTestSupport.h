@@ -2,11 +2,11 @@
 // Helpers of the drawing tests: fixture paths, and the independent DXF readers (ezdxf through
 // python3, LibreCAD) run as child processes.
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "cadhost/drawing/Drawing.h"
+#include "support/Ezdxf.h"
 #include "support/TempFolder.h"
 
 namespace cadhost::test {
@@ -20,14 +20,9 @@ using ardo::test::TempFolder;
 Drawing openOrFail(const std::string& path);
 Drawing parseOrFail(const std::string& bytes);
 
-struct ProcessResult {
-    int exitCode = -1;
-    std::string output;   // stdout and stderr together
-};
-ProcessResult run(const std::vector<std::string>& argv, int timeoutSeconds = 120);
+using ardo::test::pythonWithEzdxf;
+using ardo::test::runPython;
 
-// A python3 that can import ezdxf, or nothing.
-std::optional<std::string> pythonWithEzdxf();
 bool hasLibreCad();
 // Runs ezdxf's audit on the file; empty when it finds nothing to report (no errors and
 // nothing it had to fix), else its report.

@@ -38,7 +38,7 @@ class Interop : public ::testing::Test {
 protected:
     void SetUp() override {
         python_ = test::pythonWithEzdxf();
-        if (!python_) GTEST_SKIP() << "python3 with ezdxf (Debian python3-ezdxf) is not installed";
+        if (!python_) GTEST_SKIP() << ardo::test::kNoEzdxf;
     }
     void expectAccepted(const std::filesystem::path& file) {
         EXPECT_EQ(test::ezdxfAuditErrors(*python_, file), "") << file;
@@ -83,7 +83,7 @@ TEST_F(Interop, EzdxfDrawingsOfEveryVersionAreReadChangedAndSaved) {
     for (const char* version : {"R12", "R2000", "R2004", "R2007", "R2010", "R2013", "R2018"}) {
         SCOPED_TRACE(version);
         const auto source = dir_.file(std::string("ezdxf_") + version + ".dxf");
-        const auto result = test::run({*python_, "-c", script, version, source});
+        const auto result = test::runPython(*python_, script, {version, source});
         ASSERT_EQ(result.exitCode, 0) << result.output;
         const std::string bytes = test::readBytes(source);
 
@@ -122,7 +122,7 @@ namespace {
 
 TEST(InteropCheck, TheAuditCatchesAFaultyFile) {
     const auto python = test::pythonWithEzdxf();
-    if (!python) GTEST_SKIP() << "python3 with ezdxf (Debian python3-ezdxf) is not installed";
+    if (!python) GTEST_SKIP() << ardo::test::kNoEzdxf;
     // A line on a linetype the drawing lacks: the check the other tests rely on must object.
     Drawing d;
     std::string dxf = d.toDxf();
