@@ -110,16 +110,36 @@ TEST_F(LayerMergeTest, DrawingHalfIsFilledForFileEntriesAndDrawingOnlyLayersAreA
     EXPECT_EQ(n.dwgLinetype, "DASHDOT_T");
 }
 
+// A layer table handing out colours that a DXF layer record cannot hold (by layer, by
+// block), as the host's colour value may still carry them.
+class HandedOutLayers : public FailingLayerTable {
+public:
+    HandedOutLayers(const HostDrawing& drawing, std::vector<LayerRecord> records)
+        : FailingLayerTable(drawing, 0), records_(std::move(records)) {}
+    DbStatus forEachLayer(const std::function<bool(const LayerRecord&)>& visit) const override {
+        for (const LayerRecord& r : records_)
+            if (!visit(r)) break;
+        return DbStatus::Ok;
+    }
+
+private:
+    std::vector<LayerRecord> records_;
+};
+
+TEST_F(LayerMergeTest, ByLayerAndByBlockColoursGiveTheLowBitsOfTheHostColour) {
+    ASSERT_TRUE(file.mergeDrawingLayers(
+        HandedOutLayers(drawing, {layer("L1", HostColor::byLayer()), layer("L2", HostColor::byBlock())})));
+    EXPECT_EQ(byName("L1").dwgColor, 256);
+    EXPECT_EQ(byName("L2").dwgColor, 0);
+}
+
 TEST_F(LayerMergeTest, ColourCodesOfEveryKind) {
     HostColor book = HostColor::fromRgb(0xAA, 0xBB, 0xCC);
     book.method = HostColor::Method::ColorBook;
     book.bookName = "RAL";
     book.colorName = "RAL 1000";
-    addLayers({layer("L1", HostColor::byLayer()), layer("L2", HostColor::byBlock()),
-               layer("L3", HostColor::fromIndex(200)), layer("L4", book)});
+    addLayers({layer("L3", HostColor::fromIndex(200)), layer("L4", book)});
     ASSERT_TRUE(file.mergeDrawingLayers(drawing));
-    EXPECT_EQ(byName("L1").dwgColor, 256);
-    EXPECT_EQ(byName("L2").dwgColor, 0);
     EXPECT_EQ(byName("L3").dwgColor, 200);
     const LayerEntry& l4 = byName("L4");
     EXPECT_EQ(l4.dwgColor, 0x04AABBCC);
