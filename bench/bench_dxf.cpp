@@ -1,11 +1,6 @@
 // DXF load and save of a large drawing (about 200,000 entities on 2,000 layers) against a
 // plain read of the file's bytes and against ezdxf reading and saving the same file.
 // Prints MB/s, the ratios, and peak resident memory against the file size.
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -15,8 +10,8 @@
 
 #include "cadhost/drawing/Drawing.h"
 #include "host/TextFile.h"
-
-extern char** environ;
+#include "../tests/support/Ezdxf.h"
+#include "../tests/support/TempFolder.h"
 
 namespace {
 
@@ -94,36 +89,19 @@ std::string runEzdxf(const fs::path& in, const fs::path& out) {
         "t = time.perf_counter(); doc = ezdxf.readfile(sys.argv[1]); r = time.perf_counter() - t\n"
         "t = time.perf_counter(); doc.saveas(sys.argv[2]); s = time.perf_counter() - t\n"
         "print('read %.6f save %.6f' % (r, s))\n";
-    for (const char* python : {"python3", "/usr/bin/python3"}) {
-        int fds[2];
-        if (pipe(fds) != 0) return {};
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_adddup2(&actions, fds[1], 1);
-        posix_spawn_file_actions_addclose(&actions, fds[0]);
-        posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
-        std::string a0 = python, a1 = "-c", a2 = script, a3 = in.string(), a4 = out.string();
-        char* argv[] = {a0.data(), a1.data(), a2.data(), a3.data(), a4.data(), nullptr};
-        pid_t pid = 0;
-        const int rc = posix_spawnp(&pid, python, &actions, nullptr, argv, environ);
-        posix_spawn_file_actions_destroy(&actions);
-        close(fds[1]);
-        std::string output;
-        char buf[256];
-        for (ssize_t n; rc == 0 && (n = read(fds[0], buf, sizeof buf)) > 0;) output.append(buf, static_cast<size_t>(n));
-        close(fds[0]);
-        int status = 0;
-        if (rc == 0) waitpid(pid, &status, 0);
-        if (rc == 0 && WIFEXITED(status) && WEXITSTATUS(status) == 0 && output.rfind("read", 0) == 0) return output;
-    }
+    const auto python = ardo::test::pythonWithEzdxf();
+    if (!python) return {};
+    // A generous limit: only a reader that hangs is to be stopped.
+    const auto r = ardo::test::runPython(*python, script, {in.string(), out.string()}, 3600);
+    const auto timing = r.output.rfind("read ");
+    if (r.exitCode == 0 && timing != std::string::npos) return r.output.substr(timing);
     return {};
 }
 
 }  // namespace
 
 int main() {
-    const fs::path dir = fs::temp_directory_path() / ("bench_dxf_" + std::to_string(getpid()));
-    fs::create_directories(dir);
+    const ardo::test::TempFolder dir;
     const fs::path file = dir / "large.dxf", saved = dir / "saved.dxf", ezdxfSaved = dir / "ezdxf.dxf";
     {
         std::ofstream(file, std::ios::binary) << makeDrawing(2000, 200000);
@@ -167,7 +145,5 @@ int main() {
         std::printf("host load is %.1f x faster than ezdxf (target 20)\n", ezRead / load);
         std::printf("host save is %.1f x faster than ezdxf (target 20)\n", ezSave / save);
     }
-    std::error_code ec;
-    fs::remove_all(dir, ec);
     return 0;
 }

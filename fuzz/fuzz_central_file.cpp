@@ -1,22 +1,16 @@
 // The central layer control file: any file content loads, merges, sorts and saves without
 // fault, and what was saved loads again to the same entries.
-#include <unistd.h>
-
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <string>
 
 #include "host/TextFile.h"
 #include "layers/CentralLayerFile.h"
 #include "../tests/support/QuietHost.h"
+#include "../tests/support/TempFolder.h"
 
 namespace {
-
-std::string tempPath(const char* name) {
-    return (std::filesystem::temp_directory_path() / (std::to_string(getpid()) + name)).string();
-}
 
 std::string entriesText(const ardo::CentralLayerFile& file) {
     std::string out;
@@ -29,8 +23,9 @@ std::string entriesText(const ardo::CentralLayerFile& file) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     static ardo::test::QuietHost host;
-    const std::string in = tempPath("_fuzz_central_in.ini");
-    const std::string out = tempPath("_fuzz_central_out.ini");
+    static const ardo::test::TempFolder folder;
+    static const std::string in = folder.file("in.ini");
+    static const std::string out = folder.file("out.ini");
     std::ofstream(in, std::ios::binary).write(reinterpret_cast<const char*>(data), std::streamsize(size));
 
     ardo::CentralLayerFile file;

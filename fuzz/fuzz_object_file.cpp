@@ -1,29 +1,20 @@
 // The object-type layer file: any content reads, finds lines and writes without fault, and the
 // written file reads back with the other objects' lines unchanged.
-#include <unistd.h>
-
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <string>
 
 #include "host/CaseFold.h"
 #include "layers/ObjectLayerFile.h"
 #include "../tests/support/QuietHost.h"
-
-namespace {
-
-std::string tempPath(const char* name) {
-    return (std::filesystem::temp_directory_path() / (std::to_string(getpid()) + name)).string();
-}
-
-}  // namespace
+#include "../tests/support/TempFolder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     static ardo::test::QuietHost host;
-    const std::string in = tempPath("_fuzz_object_in.ini");
-    const std::string out = tempPath("_fuzz_object_out.ini");
+    static const ardo::test::TempFolder folder;
+    static const std::string in = folder.file("in.ini");
+    static const std::string out = folder.file("out.ini");
     std::ofstream(in, std::ios::binary).write(reinterpret_cast<const char*>(data), std::streamsize(size));
 
     ardo::ObjectLayerFile object;

@@ -1,35 +1,16 @@
 // The profile-string functions on arbitrary file content. The input's first byte picks the
 // call; the file content follows. Reading never fails; a value written reads back as set,
 // the other sections keep their values, and deleting takes the key away.
-#include <unistd.h>
-
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <string>
-#include <vector>
 
 #include "host/CaseFold.h"
 #include "settings/ProfileString.h"
+#include "../tests/support/TempFolder.h"
 
 namespace {
-
-std::string tempFolder() {
-    const char* tmp = std::getenv("TMPDIR");
-    std::string pattern = std::string(tmp && *tmp ? tmp : "/tmp") + "/ardo-fuzz-XXXXXX";
-    std::vector<char> name(pattern.begin(), pattern.end());
-    name.push_back('\0');
-    if (!::mkdtemp(name.data())) std::abort();
-    static std::string folder = name.data();
-    std::atexit([] { std::filesystem::remove_all(folder); });
-    return folder;
-}
-
-std::string fileBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), {});
-}
 
 size_t countSections(const std::string& path, const std::string& name) {
     size_t n = 0;
@@ -43,7 +24,8 @@ size_t countSections(const std::string& path, const std::string& name) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     using ardo::GetPrivateProfileStringW;
     using ardo::WritePrivateProfileStringW;
-    static const std::string path = tempFolder() + "/fuzz.ini";
+    static const ardo::test::TempFolder folder;
+    static const std::string path = folder.file("fuzz.ini");
     if (size == 0) return 0;
     const unsigned pick = data[0];
     const std::string content(reinterpret_cast<const char*>(data + 1), size - 1);
@@ -73,9 +55,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     switch (pick % 4) {
         case 0: {  // deleting a key that is not there: the file stays byte-identical
             if (GetPrivateProfileStringW(section, "Fehlt", "-", 512, path).text != "-") return 0;
-            const std::string old = fileBytes(path);
+            const std::string old = ardo::test::readBytes(path);
             if (!WritePrivateProfileStringW(section, "Fehlt", std::nullopt, path)) std::abort();
-            if (fileBytes(path) != old) std::abort();
+            if (ardo::test::readBytes(path) != old) std::abort();
             break;
         }
         case 1: {  // set: reads back as set

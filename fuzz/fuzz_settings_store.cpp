@@ -1,28 +1,14 @@
 // The settings-file store on arbitrary file content: whatever loads must write back and
 // load again to the same records.
-#include <unistd.h>
-
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <string>
-#include <vector>
 
 #include "settings/SettingsStore.h"
+#include "../tests/support/TempFolder.h"
 
 namespace {
-
-std::string tempFolder() {
-    const char* tmp = std::getenv("TMPDIR");
-    std::string pattern = std::string(tmp && *tmp ? tmp : "/tmp") + "/ardo-fuzz-XXXXXX";
-    std::vector<char> name(pattern.begin(), pattern.end());
-    name.push_back('\0');
-    if (!::mkdtemp(name.data())) std::abort();
-    static std::string folder = name.data();
-    std::atexit([] { std::filesystem::remove_all(folder); });
-    return folder;
-}
 
 // A key that trims to nothing (" = x") is written as "=x", which the next load drops as a
 // line that begins with an equals sign; every other record comes back as it was.
@@ -39,17 +25,12 @@ bool sameRecords(const ardo::SettingsStore& loaded, const ardo::SettingsStore& r
     return j == reloaded.records().end();
 }
 
-std::string fileBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), {});
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
-    static const std::string folder = tempFolder();
-    const std::string input = folder + "/input.ini";
-    const std::string output = folder + "/output.ini";
+    static const ardo::test::TempFolder folder;
+    static const std::string input = folder.file("input.ini");
+    static const std::string output = folder.file("output.ini");
     {
         std::ofstream out(input, std::ios::binary | std::ios::trunc);
         out.write(reinterpret_cast<const char*>(data), std::streamsize(size));
@@ -62,6 +43,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     // From then on the store's output is its fixed point.
     if (!second->write(input)) std::abort();
     auto third = ardo::SettingsStore::load(input);
-    if (!third || !third->write(output) || fileBytes(input) != fileBytes(output)) std::abort();
+    if (!third || !third->write(output) || ardo::test::readBytes(input) != ardo::test::readBytes(output)) std::abort();
     return 0;
 }

@@ -5,12 +5,8 @@
 // the commands the module sends.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
-
-#include <unistd.h>
 
 #include "messages/MessageFile.h"
 #include "settings/ModuleFiles.h"
@@ -18,6 +14,7 @@
 #include "cadhost/commands/CommandProcessor.h"
 #include "cadhost/drawing/Drawing.h"
 #include "support/ScriptedHost.h"
+#include "support/TempFolder.h"
 
 namespace ardo {
 // Readable failure messages for argument and result chains.
@@ -48,25 +45,17 @@ inline const char* kTestMessages =
 class LayerCoreTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        folder_ = std::filesystem::temp_directory_path() /
-                  ("ardo-layerops-" + std::to_string(::getpid()) + "-" +
-                   ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(folder_);
-        writeFile("ardo.msg", kTestMessages);
-        MessageFile::instance().attach(SettingsStore::load((folder_ / "ardo.msg").string()));
+        MessageFile::instance().attach(SettingsStore::load(writeFile("ardo.msg", kTestMessages)));
         host.useDrawing(drawing, processor);
     }
     void TearDown() override {
         MessageFile::instance().release();
         moduleFiles().centralLayerFile.reset();
         moduleFiles().centralLayerFilePath.clear();
-        std::filesystem::remove_all(folder_);
     }
 
     std::string writeFile(const std::string& name, const std::string& text) {
-        const auto path = (folder_ / name).string();
-        std::ofstream(path, std::ios::binary) << text;
-        return path;
+        return folder_.write(name, text);
     }
 
     // Loads the text as the module's central layer control file.
@@ -96,7 +85,7 @@ protected:
         return static_cast<int>(value.integer);
     }
 
-    std::filesystem::path folder_;
+    ardo::test::TempFolder folder_;
     ScriptedHost host;
     cadhost::Drawing drawing;
     cadhost::CommandProcessor processor{{&drawing, [this](const std::string& text) { host.print(text); }, {}, {}}};

@@ -43,6 +43,11 @@ public:
     bool colorFromColorBookName(const std::string&, const std::string&, HostColor&) const override { return false; }
     std::uint32_t rgbOfIndexColor(int) const override { return 0; }
 
+    bool arxLoad(const std::string&) override { return false; }
+    bool arxLoaded(const std::string&) const override { return false; }
+    bool findFile(const std::string&, std::string&) const override { return false; }
+    bool greyMenuItem(const std::string&, const std::string&, bool) override { return false; }
+
 private:
     ResBufChain args_;
 };

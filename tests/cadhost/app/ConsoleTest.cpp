@@ -1,16 +1,15 @@
 // ardo-cad run as a child process on real files, as users and scripts run it.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "cadhost/drawing/Drawing.h"
+#include "support/Ezdxf.h"
+#include "support/TempFolder.h"
 
 namespace cadhost::test {
 namespace {
@@ -23,13 +22,6 @@ std::string quoted(const std::string& s) {
     return q + "'";
 }
 
-std::string readAll(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
 struct Outcome {
     int exitCode = -1;
     std::string out;
@@ -38,21 +30,10 @@ struct Outcome {
 
 class Console : public ::testing::Test {
 protected:
-    fs::path dir;
+    ardo::test::TempFolder folder;
+    const fs::path& dir = folder.path();
 
-    void SetUp() override {
-        dir = fs::temp_directory_path() /
-              ("ardo-cad-test-" + std::to_string(getpid()) + "-" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(dir);
-        fs::create_directories(dir);
-    }
-    void TearDown() override { fs::remove_all(dir); }
-
-    fs::path write(const std::string& name, const std::string& text) {
-        std::ofstream(dir / name, std::ios::binary) << text;
-        return dir / name;
-    }
+    fs::path write(const std::string& name, const std::string& text) { return folder.write(name, text); }
 
     // Runs ardo-cad with the arguments and the text on standard input (script mode).
     Outcome run(const std::vector<std::string>& args, const std::string& input = "") {
@@ -63,20 +44,19 @@ protected:
         const int status = std::system(cmd.c_str());
         Outcome r;
         r.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        r.out = readAll(dir / "out.txt");
-        r.err = readAll(dir / "err.txt");
+        r.out = ardo::test::readBytes(dir / "out.txt");
+        r.err = ardo::test::readBytes(dir / "err.txt");
         return r;
     }
 
     // What ezdxf reads from a saved drawing, or nothing when ezdxf is not there.
     std::optional<std::string> ezdxf(const fs::path& dxf, const std::string& expression) {
-        if (std::system("/usr/bin/python3 -c 'import ezdxf' 2>/dev/null") != 0) return std::nullopt;
-        const std::string script = "import ezdxf\nd = ezdxf.readfile(" + quoted(dxf.string()) + ")\nprint(" +
-                                   expression + ")\n";
-        const fs::path py = write("read.py", script);
-        const std::string cmd = "/usr/bin/python3 " + quoted(py.string()) + " > " + quoted((dir / "ez.txt").string());
-        if (std::system(cmd.c_str()) != 0) return "ezdxf failed";
-        return readAll(dir / "ez.txt");
+        const auto python = ardo::test::pythonWithEzdxf();
+        if (!python) return std::nullopt;
+        const auto r = ardo::test::runPython(
+            *python, "import sys, ezdxf\nd = ezdxf.readfile(sys.argv[1])\nprint(" + expression + ")\n", {dxf.string()});
+        if (r.exitCode != 0) return "ezdxf failed: " + r.output;
+        return r.output;
     }
 };
 

@@ -2,37 +2,13 @@
 // DXF reader, with the same layer states and viewport lists.
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <optional>
-
-#include <unistd.h>
-
 #include "CommandTestSupport.h"
+#include "support/Ezdxf.h"
+#include "support/TempFolder.h"
 
 namespace cadhost::test {
 
 namespace {
-
-std::string runAndRead(const std::string& commandLine) {
-    std::string out;
-    std::unique_ptr<FILE, int (*)(FILE*)> pipe(::popen(commandLine.c_str(), "r"), ::pclose);
-    if (!pipe) return out;
-    std::array<char, 4096> buffer{};
-    while (const std::size_t n = std::fread(buffer.data(), 1, buffer.size(), pipe.get())) out.append(buffer.data(), n);
-    return out;
-}
-
-// The Debian package installs into the system interpreter, which a user's own python3
-// may not see.
-std::optional<std::string> pythonWithEzdxf() {
-    for (const char* python : {"python3", "/usr/bin/python3"})
-        if (runAndRead(std::string(python) + " -c 'import ezdxf; print(1)' 2>/dev/null") == "1\n") return python;
-    return std::nullopt;
-}
 
 // One line per layer: name, off, frozen, locked, VPDFLT, colour, lineweight, plot; then one
 // line per viewport with its frozen layers.
@@ -49,11 +25,10 @@ for v in doc.entitydb.query('VIEWPORT'):
 }  // namespace
 
 TEST(EzdxfReadBack, LayerStatesAndViewportListsAfterSaving) {
-    const auto python = pythonWithEzdxf();
-    if (!python) GTEST_SKIP() << "python3 with ezdxf (Debian python3-ezdxf) is not installed";
-    const auto folder = std::filesystem::temp_directory_path() / ("ardo-commands-ezdxf-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder);
-    const std::string saved = (folder / "states.dxf").string();
+    const auto python = ardo::test::pythonWithEzdxf();
+    if (!python) GTEST_SKIP() << ardo::test::kNoEzdxf;
+    const ardo::test::TempFolder folder;
+    const std::string saved = folder.file("states.dxf");
 
     CommandLine cl{openFixture("layout_viewports.dxf")};
     cl.echo(0);
@@ -66,10 +41,7 @@ TEST(EzdxfReadBack, LayerStatesAndViewportListsAfterSaving) {
               ardo::RTNORM);
     ASSERT_EQ(cl.feed({S("_SAVEAS"), S("DXF"), S(saved)}), ardo::RTNORM) << cl.printed;
 
-    const std::string script = (folder / "report.py").string();
-    std::ofstream(script) << kReport;
-    const std::string report = runAndRead(*python + " '" + script + "' '" + saved + "' 2>&1");
-    std::filesystem::remove_all(folder);
+    const std::string report = ardo::test::runPython(*python, kReport, {saved}).output;
     EXPECT_EQ(report, "0 0 0 0 0 7 -3 1\n"
                       "Defpoints 0 0 0 0 7 -3 0\n"
                       "Wand 1 0 0 0 1 -3 0\n"

@@ -3,9 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include <unistd.h>
-
 #include "CommandTestSupport.h"
+#include "support/TempFolder.h"
 
 namespace cadhost::test {
 
@@ -13,23 +12,9 @@ using ardo::ResBuf;
 using ardo::RTERROR;
 using ardo::RTNORM;
 
+using ardo::test::TempFolder;
+
 namespace {
-
-// A fresh folder for the test's files, removed afterwards.
-class TempFolder {
-public:
-    TempFolder() {
-        path_ = std::filesystem::temp_directory_path() /
-                ("ardo-commands-" + std::to_string(::getpid()) + "-" +
-                 ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(path_);
-    }
-    ~TempFolder() { std::filesystem::remove_all(path_); }
-    std::string file(const std::string& name) const { return (path_ / name).string(); }
-
-private:
-    std::filesystem::path path_;
-};
 
 // Model-space entities of layout_viewports.dxf: two lines and a circle.
 constexpr std::int64_t kLine1 = 0x33, kLine2 = 0x34, kCircle = 0x35;

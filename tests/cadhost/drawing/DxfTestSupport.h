@@ -1,44 +1,28 @@
 #pragma once
-// Helpers of the drawing tests: fixture paths, temporary folders, and the independent DXF
-// readers (ezdxf through python3, LibreCAD) run as child processes.
+// Helpers of the drawing tests: fixture paths, and the independent DXF readers (ezdxf through
+// python3, LibreCAD) run as child processes.
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "cadhost/drawing/Drawing.h"
+#include "support/Ezdxf.h"
+#include "support/TempFolder.h"
 
 namespace cadhost::test {
 
 std::string fixture(const std::string& name);
 std::filesystem::path corpusDir();
 std::vector<std::filesystem::path> corpusFiles();
-std::string readBytes(const std::filesystem::path& path);
-
-// A fresh folder under the system's temporary folder, removed with the object.
-class TempDir {
-public:
-    TempDir();
-    ~TempDir();
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-    std::filesystem::path file(const std::string& name) const { return path_ / name; }
-
-private:
-    std::filesystem::path path_;
-};
+using ardo::test::readBytes;
+using ardo::test::TempFolder;
 
 Drawing openOrFail(const std::string& path);
 Drawing parseOrFail(const std::string& bytes);
 
-struct ProcessResult {
-    int exitCode = -1;
-    std::string output;   // stdout and stderr together
-};
-ProcessResult run(const std::vector<std::string>& argv, int timeoutSeconds = 120);
+using ardo::test::pythonWithEzdxf;
+using ardo::test::runPython;
 
-// A python3 that can import ezdxf, or nothing.
-std::optional<std::string> pythonWithEzdxf();
 bool hasLibreCad();
 // Runs ezdxf's audit on the file; empty when it finds nothing to report (no errors and
 // nothing it had to fix), else its report.

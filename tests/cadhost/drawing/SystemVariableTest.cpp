@@ -58,41 +58,41 @@ TEST(SystemVariables, CdateIsTheClockAsYYYYMMDDdotHHMMSSmmm) {
 }
 
 TEST(SystemVariables, DrawingNameAndFolderFollowTheFile) {
-    test::TempDir dir;
+    test::TempFolder dir;
     Drawing d;
     EXPECT_EQ(d.getVar("DWGNAME")->text, "Drawing1.dxf");
     const auto path = dir.file("plan.dxf");
-    ASSERT_FALSE(d.save(path.string()));
+    ASSERT_FALSE(d.save(path));
     EXPECT_EQ(d.getVar("DWGNAME")->text, "plan.dxf");
-    EXPECT_EQ(d.getVar("DWGPREFIX")->text, dir.file("").string());
-    Drawing back = test::openOrFail(path.string());
+    EXPECT_EQ(d.getVar("DWGPREFIX")->text, dir.file(""));
+    Drawing back = test::openOrFail(path);
     EXPECT_EQ(back.getVar("DWGNAME")->text, "plan.dxf");
     // A relative name is taken from the working folder, as the prefix must be absolute.
     const auto previous = std::filesystem::current_path();
-    std::filesystem::current_path(dir.file(""));
+    std::filesystem::current_path(dir.path());
     Drawing relative = test::openOrFail("plan.dxf");
     std::filesystem::current_path(previous);
-    EXPECT_EQ(relative.getVar("DWGPREFIX")->text, dir.file("").string());
+    EXPECT_EQ(relative.getVar("DWGPREFIX")->text, dir.file(""));
 }
 
 TEST(Saving, ReplacesTheFileAndReportsFailures) {
-    test::TempDir dir;
+    test::TempFolder dir;
     const auto path = dir.file("a.dxf");
     Drawing d;
-    ASSERT_FALSE(d.save(path.string()));
+    ASSERT_FALSE(d.save(path));
     const std::string first = test::readBytes(path);
     ardo::LayerRecord r;
     r.name = "SECOND";
     ASSERT_EQ(d.addLayer(r), DbStatus::Ok);
-    ASSERT_FALSE(d.save(path.string()));
+    ASSERT_FALSE(d.save(path));
     EXPECT_NE(test::readBytes(path), first);
     std::size_t files = 0;
-    for (const auto& e : std::filesystem::directory_iterator(dir.file(""))) files += e.is_regular_file();
+    for (const auto& e : std::filesystem::directory_iterator(dir.path())) files += e.is_regular_file();
     EXPECT_EQ(files, 1u) << "a temporary file was left behind";
-    const auto error = d.save(dir.file("no/such/folder/a.dxf").string());
+    const auto error = d.save(dir.file("no/such/folder/a.dxf"));
     ASSERT_TRUE(error);
     EXPECT_NE(error->find("Cannot save"), std::string::npos);
-    const auto openError = Drawing::open(dir.file("missing.dxf").string());
+    const auto openError = Drawing::open(dir.file("missing.dxf"));
     ASSERT_TRUE(std::holds_alternative<std::string>(openError));
     EXPECT_NE(std::get<std::string>(openError).find("missing.dxf"), std::string::npos);
 }

@@ -38,7 +38,7 @@ class Interop : public ::testing::Test {
 protected:
     void SetUp() override {
         python_ = test::pythonWithEzdxf();
-        if (!python_) GTEST_SKIP() << "python3 with ezdxf (Debian python3-ezdxf) is not installed";
+        if (!python_) GTEST_SKIP() << ardo::test::kNoEzdxf;
     }
     void expectAccepted(const std::filesystem::path& file) {
         EXPECT_EQ(test::ezdxfAuditErrors(*python_, file), "") << file;
@@ -47,17 +47,17 @@ protected:
         EXPECT_TRUE(test::libreCadRenders(file, log)) << file << "\n" << log;
     }
     std::optional<std::string> python_;
-    test::TempDir dir_;
+    test::TempFolder dir_;
 };
 
 TEST_F(Interop, NewDrawingsOfTheHostPassAuditAndOpen) {
     Drawing empty;
-    ASSERT_FALSE(empty.save(dir_.file("empty.dxf").string()));
+    ASSERT_FALSE(empty.save(dir_.file("empty.dxf")));
     expectAccepted(dir_.file("empty.dxf"));
 
     Drawing d;
     addModuleContent(d);
-    ASSERT_FALSE(d.save(dir_.file("module.dxf").string()));
+    ASSERT_FALSE(d.save(dir_.file("module.dxf")));
     expectAccepted(dir_.file("module.dxf"));
 }
 
@@ -83,11 +83,11 @@ TEST_F(Interop, EzdxfDrawingsOfEveryVersionAreReadChangedAndSaved) {
     for (const char* version : {"R12", "R2000", "R2004", "R2007", "R2010", "R2013", "R2018"}) {
         SCOPED_TRACE(version);
         const auto source = dir_.file(std::string("ezdxf_") + version + ".dxf");
-        const auto result = test::run({*python_, "-c", script, version, source.string()});
+        const auto result = test::runPython(*python_, script, {version, source});
         ASSERT_EQ(result.exitCode, 0) << result.output;
         const std::string bytes = test::readBytes(source);
 
-        Drawing d = test::openOrFail(source.string());
+        Drawing d = test::openOrFail(source);
         EXPECT_TRUE(d.toDxf() == bytes) << "unchanged drawing not written back as read";
         ASSERT_TRUE(d.findLayer("MAUER"));
         std::vector<std::string> types;
@@ -105,9 +105,9 @@ TEST_F(Interop, EzdxfDrawingsOfEveryVersionAreReadChangedAndSaved) {
 
         addModuleContent(d);
         const auto saved = dir_.file(std::string("host_") + version + ".dxf");
-        ASSERT_FALSE(d.save(saved.string()));
+        ASSERT_FALSE(d.save(saved));
         expectAccepted(saved);
-        Drawing back = test::openOrFail(saved.string());
+        Drawing back = test::openOrFail(saved);
         EXPECT_TRUE(back.findLayer("ARDO_Wände"));
         EXPECT_TRUE(back.hasLinetype("boundary_t"));
         EXPECT_EQ(back.getVar("CLAYER")->text, "ARDO_PIPE");
@@ -122,7 +122,7 @@ namespace {
 
 TEST(InteropCheck, TheAuditCatchesAFaultyFile) {
     const auto python = test::pythonWithEzdxf();
-    if (!python) GTEST_SKIP() << "python3 with ezdxf (Debian python3-ezdxf) is not installed";
+    if (!python) GTEST_SKIP() << ardo::test::kNoEzdxf;
     // A line on a linetype the drawing lacks: the check the other tests rely on must object.
     Drawing d;
     std::string dxf = d.toDxf();
@@ -130,7 +130,7 @@ TEST(InteropCheck, TheAuditCatchesAFaultyFile) {
         "  0\nLINE\n  5\n99\n330\n17\n100\nAcDbEntity\n  8\n0\n  6\nMISSING\n100\nAcDbLine\n"
         " 10\n0\n 20\n0\n 30\n0\n 11\n1\n 21\n1\n 31\n0\n";
     dxf.insert(dxf.find("  0\nENDSEC", dxf.find("ENTITIES")), line);
-    test::TempDir dir;
+    test::TempFolder dir;
     std::ofstream(dir.file("faulty.dxf")) << dxf;
     EXPECT_NE(test::ezdxfAuditErrors(*python, dir.file("faulty.dxf")), "");
 }

@@ -1,10 +1,7 @@
-#include <unistd.h>
-
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 #include "TestHost.h"
+#include "support/TempFolder.h"
 
 namespace cadhost::lisp::test {
 namespace {
@@ -13,17 +10,15 @@ namespace fs = std::filesystem;
 
 class Loading : public LispTest {
 protected:
-    fs::path dir;
+    ardo::test::TempFolder folder;
+    const fs::path& dir = folder.path();
 
     void SetUp() override {
-        dir = fs::temp_directory_path() / ("lisp-load-" + std::to_string(::getpid()));
         fs::create_directories(dir / "sub");
-        write(dir / "sub" / "tools.lsp", "(defun twice (x) (* 2 x))\n(setq loaded \"tools\")\n");
-        write(dir / "broken.lsp", "(setq half 1)\n(defun oops (\n");
+        folder.write("sub/tools.lsp", "(defun twice (x) (* 2 x))\n(setq loaded \"tools\")\n");
+        folder.write("broken.lsp", "(setq half 1)\n(defun oops (\n");
         lisp.setSearchPath({dir / "sub", dir});
     }
-    void TearDown() override { fs::remove_all(dir); }
-    static void write(const fs::path& p, const std::string& text) { std::ofstream(p) << text; }
 };
 
 TEST_F(Loading, LoadFindsFilesAlongTheSearchPath) {
