@@ -84,8 +84,8 @@ void quietCommand(const ResBufChain& tokens) {
     ResBuf fileDia, cmdEcho;
     const bool hadFileDia = host().getVar("FILEDIA", fileDia) == RTNORM;
     const bool hadCmdEcho = host().getVar("CMDECHO", cmdEcho) == RTNORM;
-    host().setVar("FILEDIA", ResBuf::shortInt(0));
-    host().setVar("CMDECHO", ResBuf::shortInt(0));
+    if (hadFileDia) host().setVar("FILEDIA", ResBuf::shortInt(0));
+    if (hadCmdEcho) host().setVar("CMDECHO", ResBuf::shortInt(0));
     host().command(tokens);
     if (hadFileDia) host().setVar("FILEDIA", fileDia);
     if (hadCmdEcho) host().setVar("CMDECHO", cmdEcho);
