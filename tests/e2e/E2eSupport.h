@@ -8,16 +8,14 @@
 #include <vector>
 
 #include "cadhost/drawing/Drawing.h"
+#include "support/ChildProcess.h"
 #include "support/TempFolder.h"
 
 namespace ardo::e2e {
 
 namespace fs = std::filesystem;
 
-struct RunResult {
-    int exitCode = -1;
-    std::string output;   // standard output and error together
-};
+using RunResult = test::ProcessResult;
 
 // Runs a program with extra environment variables and the text on its standard input;
 // timeout(1) ends a run that hangs.

@@ -5,8 +5,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <fcntl.h>
+
+#include <fstream>
+#include <map>
 #include <string>
 #include <vector>
+
+#include "support/TempFolder.h"
 
 extern char** environ;
 
@@ -17,18 +23,30 @@ struct ProcessResult {
     std::string output;   // stdout and stderr together
 };
 
+// What the child gets besides its arguments: variables added to the environment, and its
+// standard input (empty: an empty file, so it never waits for a terminal).
+struct ProcessInput {
+    std::map<std::string, std::string> environment;
+    std::string standardInput;
+};
+
 // The program is looked up along PATH. timeout(1) ends it after the given seconds, as
 // some readers wait for input on damaged files.
-inline ProcessResult runProcess(const std::vector<std::string>& argv, int timeoutSeconds = 120) {
+inline ProcessResult runProcess(const std::vector<std::string>& argv, int timeoutSeconds = 120,
+                                const ProcessInput& input = {}) {
     ProcessResult result;
+    TempFolder io;
+    const std::string inputFile = io.write("stdin.txt", input.standardInput);
     int pipeFds[2];
     if (pipe(pipeFds) != 0) return result;
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 0, inputFile.c_str(), O_RDONLY, 0);
     posix_spawn_file_actions_adddup2(&actions, pipeFds[1], 1);
     posix_spawn_file_actions_adddup2(&actions, pipeFds[1], 2);
     posix_spawn_file_actions_addclose(&actions, pipeFds[0]);
-    std::vector<std::string> full{"timeout", std::to_string(timeoutSeconds)};
+    std::vector<std::string> full{"timeout", std::to_string(timeoutSeconds), "env"};
+    for (const auto& [name, value] : input.environment) full.push_back(name + "=" + value);
     full.insert(full.end(), argv.begin(), argv.end());
     std::vector<char*> args;
     for (auto& a : full) args.push_back(a.data());
