@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "support/TempFolder.h"
+#include "TempFolder.h"
 
 extern char** environ;
 
