@@ -45,9 +45,11 @@ MessageCatalog::MessageCatalog() {
 bool MessageCatalog::load(const std::string& path) {
     filePath_ = path;
     missingCount_ = 0;
+    // Every key is read as the profile-string function reads it, from one reading of the file.
+    const ProfileFile file = ProfileFile::read(path);
     for (int i = 0; i < kMessageKeyCount; ++i) {
         const char* key = kCatalogRows[i].key;
-        std::string value = GetPrivateProfileStringW("Ardo", std::string(key), "", kTextBuffer, path).text;
+        std::string value = readProfileString("Ardo", std::string(key), "", kTextBuffer, file).text;
         if (!value.empty()) {
             texts_[size_t(i)] = dialogText(std::move(value));
             continue;

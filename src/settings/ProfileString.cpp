@@ -86,7 +86,12 @@ ProfileText GetPrivateProfileStringW(const std::optional<std::string>& section,
                                      const std::optional<std::string>& key,
                                      const std::optional<std::string>& defaultText, size_t size,
                                      const std::string& path) {
-    const ProfileFile file = ProfileFile::read(path);
+    return readProfileString(section, key, defaultText, size, ProfileFile::read(path));
+}
+
+ProfileText readProfileString(const std::optional<std::string>& section, const std::optional<std::string>& key,
+                              const std::optional<std::string>& defaultText, size_t size,
+                              const ProfileFile& file) {
     const size_t count = file.lines().size();
     if (!section) return listResult(namesOf(file, 0, count, ProfileLine::Kind::Section), size);
 

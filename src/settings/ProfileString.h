@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "settings/ProfileFile.h"
+
 namespace ardo {
 
 struct ProfileText {
@@ -34,6 +36,11 @@ ProfileText GetPrivateProfileStringW(const std::optional<std::string>& section,
                                      const std::optional<std::string>& key,
                                      const std::optional<std::string>& defaultText, size_t size,
                                      const std::string& path);
+
+// The same over a file read once, for callers that read many keys of one file.
+ProfileText readProfileString(const std::optional<std::string>& section, const std::optional<std::string>& key,
+                              const std::optional<std::string>& defaultText, size_t size,
+                              const ProfileFile& file);
 
 // Sets key=value in the section, creating the file, the section (at the end of the file)
 // and the key (after the section's last key) when missing. No value deletes the key; no
