@@ -5,7 +5,7 @@
 #include "host/Host.h"
 #include "host/Printf.h"
 #include "layers/ColourCode.h"
-#include "layers/DrawingLayersCmdEcho.h"
+#include "host/SystemVariableOverride.h"
 #include "layers/DrawingLayersMessages.h"
 #include "layers/DrawingLayersVariables.h"
 #include "layers/PlotStyle.h"
@@ -48,7 +48,7 @@ void ensureLinetype(const std::string& linetype, const std::string& linetypeFile
 int createLayer(const std::string& name, const LayerValue& fields) {
     if (name.empty() || name == "0") return RTERROR;
     const bool modelSpace = integerVariable("TILEMODE").value_or(1) == 1;
-    CmdEchoOff echoOff;
+    SystemVariableOverride echoOff("CMDECHO", ResBuf::shortInt(0));
 
     LayerRecord record;
     record.name = name;

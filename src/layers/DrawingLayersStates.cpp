@@ -1,6 +1,6 @@
 #include "host/Host.h"
 #include "layers/DrawingLayers.h"
-#include "layers/DrawingLayersCmdEcho.h"
+#include "host/SystemVariableOverride.h"
 #include "layers/DrawingLayersVariables.h"
 
 namespace ardo {
@@ -16,7 +16,7 @@ void add(ResBufChain& tokens, std::initializer_list<std::string> texts) {
 int applyLayerStates(const std::string& name, int bits) {
     const bool current = textVariable("CLAYER") == name;
     const bool layout = integerVariable("TILEMODE").value_or(1) == 0;
-    CmdEchoOff echoOff;
+    SystemVariableOverride echoOff("CMDECHO", ResBuf::shortInt(0));
 
     ResBufChain layer;
     add(layer, {"_.LAYER"});

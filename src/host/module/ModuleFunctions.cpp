@@ -4,6 +4,7 @@
 
 #include "host/Host.h"
 #include "host/Printf.h"
+#include "host/SystemVariableOverride.h"
 #include "host/lisp/CallFrame.h"
 #include "host/module/ModuleState.h"
 #include "host/module/PathInfo.h"
@@ -81,14 +82,9 @@ int greyMenu(bool flagRequired) {
 
 // Runs a host command with FILEDIA and CMDECHO off, restoring both.
 void quietCommand(const ResBufChain& tokens) {
-    ResBuf fileDia, cmdEcho;
-    const bool hadFileDia = host().getVar("FILEDIA", fileDia) == RTNORM;
-    const bool hadCmdEcho = host().getVar("CMDECHO", cmdEcho) == RTNORM;
-    if (hadFileDia) host().setVar("FILEDIA", ResBuf::shortInt(0));
-    if (hadCmdEcho) host().setVar("CMDECHO", ResBuf::shortInt(0));
+    SystemVariableOverride noDialogs("FILEDIA", ResBuf::shortInt(0));
+    SystemVariableOverride noEcho("CMDECHO", ResBuf::shortInt(0));
     host().command(tokens);
-    if (hadFileDia) host().setVar("FILEDIA", fileDia);
-    if (hadCmdEcho) host().setVar("CMDECHO", cmdEcho);
 }
 
 std::string menuFile() {
