@@ -1,18 +1,12 @@
 #pragma once
-// The application messages a host sends to a module's entry point, numbered as the
-// commercial host numbers them, and the entry point's signature.
+// The application messages the host sends to a module's entry point, and the entry
+// point's signature.
+#include "host/AppMessages.h"
 
 namespace cadhost {
 
-enum AppMsg : int {
-    kInitAppMsg = 1,
-    kUnloadAppMsg = 2,
-    kLoadDwgMsg = 3,
-    kUnloadDwgMsg = 4,
-    kInvkSubrMsg = 5,
-    kQuitMsg = 8,
-    kPreQuitMsg = 13,
-};
+using AppMsg = ardo::AppMsgCode;
+using enum ardo::AppMsgCode;
 
 // extern "C" int acrxEntryPoint(int message, void* appId); the appId is the ardo::Host*.
 using EntryPoint = int (*)(int message, void* appId);

@@ -4,7 +4,7 @@
 
 #include "host/CaseFold.h"
 #include "host/Host.h"
-#include "host/module/AppMessages.h"
+#include "host/AppMessages.h"
 #include "host/module/CommandStubFile.h"
 #include "host/module/LispFunctionTable.h"
 #include "host/module/ModuleInit.h"

@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "host/ResBuf.h"
-#include "host/module/AppMessages.h"
+#include "host/AppMessages.h"
 #include "host/module/ModuleEntry.h"
 #include "host/module/ModuleState.h"
 #include "messages/MessageFile.h"

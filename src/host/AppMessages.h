@@ -1,5 +1,6 @@
 #pragma once
-// The host's application messages, numbered as the host sends them.
+// The application messages a host sends to a module's entry point, numbered as the
+// commercial host numbers them.
 
 namespace ardo {
 
