@@ -9,7 +9,7 @@
 #include <string>
 
 #include "cadhost/drawing/Drawing.h"
-#include "host/TextFile.h"
+#include "base/TextFile.h"
 #include "../tests/support/Ezdxf.h"
 #include "../tests/support/TempFolder.h"
 

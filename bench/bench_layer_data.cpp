@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 #include "layers/CentralLayerFile.h"
 #include "layers/ColourCode.h"
 #include "layers/ObjectLayerFile.h"

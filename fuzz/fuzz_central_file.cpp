@@ -5,7 +5,7 @@
 #include <fstream>
 #include <string>
 
-#include "host/TextFile.h"
+#include "base/TextFile.h"
 #include "layers/CentralLayerFile.h"
 #include "../tests/support/QuietHost.h"
 #include "../tests/support/TempFolder.h"

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <string>
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 #include "layers/ObjectLayerFile.h"
 #include "../tests/support/QuietHost.h"
 #include "../tests/support/TempFolder.h"

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <string>
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 #include "settings/ProfileString.h"
 #include "../tests/support/TempFolder.h"
 

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 #include "settings/ProfileString.h"
 
 namespace ardo {

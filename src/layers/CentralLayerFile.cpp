@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "host/CaseFold.h"
-#include "host/Host.h"
-#include "host/Printf.h"
+#include "base/CaseFold.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
 #include "layers/LayerValue.h"
 #include "messages/MessageCatalog.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "host/HostDrawing.h"
+#include "boundary/HostDrawing.h"
 #include "layers/LayerEntry.h"
 #include "settings/SettingsStore.h"
 

@@ -1,6 +1,6 @@
 #include <unordered_map>
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 #include "layers/CentralLayerFile.h"
 #include "layers/ColourCode.h"
 

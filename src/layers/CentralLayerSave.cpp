@@ -1,9 +1,9 @@
 #include <algorithm>
 
-#include "host/CaseFold.h"
-#include "host/Host.h"
-#include "host/Printf.h"
-#include "host/TextFile.h"
+#include "base/CaseFold.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
+#include "base/TextFile.h"
 #include "layers/CentralLayerFile.h"
 #include "messages/MessageCatalog.h"
 

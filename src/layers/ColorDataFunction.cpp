@@ -1,5 +1,5 @@
-#include "host/Host.h"
-#include "host/lisp/CallFrame.h"
+#include "module/HostBinding.h"
+#include "module/lisp/CallFrame.h"
 #include "layers/ColorText.h"
 #include "layers/LayerFunctions.h"
 

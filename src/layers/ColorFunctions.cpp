@@ -2,9 +2,9 @@
 
 #include <optional>
 
-#include "host/Host.h"
-#include "host/Printf.h"
-#include "host/lisp/CallFrame.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
+#include "module/lisp/CallFrame.h"
 #include "layers/ColorText.h"
 
 namespace ardo::handlers {

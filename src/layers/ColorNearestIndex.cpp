@@ -3,7 +3,7 @@
 #include <initializer_list>
 #include <limits>
 
-#include "host/Host.h"
+#include "module/HostBinding.h"
 
 namespace ardo {
 

@@ -1,8 +1,8 @@
 #include "layers/ColorText.h"
 
-#include "host/CaseFold.h"
-#include "host/Host.h"
-#include "host/Printf.h"
+#include "base/CaseFold.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
 #include "layers/ColorNearestIndex.h"
 
 namespace ardo {

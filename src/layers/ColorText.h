@@ -4,8 +4,8 @@
 // by block in the host's English and German forms.
 #include <string>
 
-#include "host/HostColor.h"
-#include "host/ResBuf.h"
+#include "boundary/HostColor.h"
+#include "boundary/ResBuf.h"
 
 namespace ardo {
 

@@ -1,6 +1,6 @@
 #include "layers/ColourCode.h"
 
-#include "host/Host.h"
+#include "module/HostBinding.h"
 
 namespace ardo {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "host/HostColor.h"
+#include "boundary/HostColor.h"
 
 namespace ardo {
 

@@ -2,10 +2,10 @@
 
 #include <filesystem>
 
-#include "host/Host.h"
-#include "host/Printf.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
 #include "layers/ColourCode.h"
-#include "host/SystemVariableOverride.h"
+#include "module/SystemVariableOverride.h"
 #include "layers/DrawingLayersMessages.h"
 #include "layers/DrawingLayersVariables.h"
 #include "layers/PlotStyle.h"

@@ -4,7 +4,7 @@
 // linetype is present.
 #include <string>
 
-#include "host/HostDrawing.h"
+#include "boundary/HostDrawing.h"
 #include "layers/LayerValue.h"
 
 namespace ardo {

@@ -1,7 +1,7 @@
 #include "layers/DrawingLayersMessages.h"
 
-#include "host/Host.h"
-#include "host/Printf.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
 #include "messages/MessageFile.h"
 
 namespace ardo {

@@ -1,6 +1,6 @@
 #pragma once
 // The layer core's command-line messages, texts from section "LCINIT" of the message file.
-#include "host/HostDrawing.h"
+#include "boundary/HostDrawing.h"
 
 namespace ardo {
 

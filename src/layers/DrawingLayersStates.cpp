@@ -1,6 +1,6 @@
-#include "host/Host.h"
+#include "module/HostBinding.h"
 #include "layers/DrawingLayers.h"
-#include "host/SystemVariableOverride.h"
+#include "module/SystemVariableOverride.h"
 #include "layers/DrawingLayersVariables.h"
 
 namespace ardo {

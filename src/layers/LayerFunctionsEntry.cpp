@@ -2,7 +2,7 @@
 
 #include <unordered_map>
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 #include "settings/ModuleFiles.h"
 
 namespace ardo {

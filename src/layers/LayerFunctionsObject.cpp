@@ -1,8 +1,8 @@
 #include <memory>
 
-#include "host/CaseFold.h"
-#include "host/Host.h"
-#include "host/lisp/CallFrame.h"
+#include "base/CaseFold.h"
+#include "module/HostBinding.h"
+#include "module/lisp/CallFrame.h"
 #include "layers/ActiveKeyMap.h"
 #include "layers/LayerFunctions.h"
 #include "layers/LayerFunctionsEntry.h"

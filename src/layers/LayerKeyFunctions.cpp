@@ -1,7 +1,7 @@
 #include "layers/LayerKeyFunctions.h"
 
-#include "host/Host.h"
-#include "host/lisp/CallFrame.h"
+#include "module/HostBinding.h"
+#include "module/lisp/CallFrame.h"
 #include "layers/LayerKeyRules.h"
 
 namespace ardo::handlers {

@@ -5,7 +5,7 @@
 #include <climits>
 #include <vector>
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace ardo {
 

@@ -2,10 +2,10 @@
 
 #include <unordered_map>
 
-#include "host/CaseFold.h"
-#include "host/Host.h"
-#include "host/Printf.h"
-#include "host/TextFile.h"
+#include "base/CaseFold.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
+#include "base/TextFile.h"
 #include "layers/LayerValue.h"
 #include "messages/MessageCatalog.h"
 

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "host/CaseFold.h"
-#include "host/Host.h"
-#include "host/Printf.h"
+#include "base/CaseFold.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
 
 namespace ardo {
 

@@ -1,7 +1,7 @@
 #include "messages/MessageCatalog.h"
 
-#include "host/Host.h"
-#include "host/Printf.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
 #include "messages/CatalogDefaults.h"
 #include "settings/ProfileString.h"
 

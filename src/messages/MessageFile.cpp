@@ -1,8 +1,8 @@
 #include "messages/MessageFile.h"
 
-#include "host/Host.h"
-#include "host/Printf.h"
-#include "host/ResBuf.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
+#include "boundary/ResBuf.h"
 
 namespace ardo {
 

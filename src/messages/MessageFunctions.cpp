@@ -1,8 +1,8 @@
 #include "messages/MessageFunctions.h"
 
-#include "host/Host.h"
-#include "host/Printf.h"
-#include "host/lisp/CallFrame.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
+#include "module/lisp/CallFrame.h"
 #include "messages/MessageFile.h"
 
 namespace ardo::handlers {

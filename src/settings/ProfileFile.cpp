@@ -1,8 +1,8 @@
 #include "settings/ProfileFile.h"
 
-#include "host/CaseFold.h"
-#include "host/CodePage.h"
-#include "host/FileReplace.h"
+#include "base/CaseFold.h"
+#include "base/CodePage.h"
+#include "base/FileReplace.h"
 
 namespace ardo {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/TextFile.h"
+#include "base/TextFile.h"
 
 namespace ardo {
 

@@ -1,7 +1,7 @@
 #include "settings/ProfileString.h"
 
-#include "host/CaseFold.h"
-#include "host/Utf8.h"
+#include "base/CaseFold.h"
+#include "base/Utf8.h"
 #include "settings/ProfileFile.h"
 
 namespace ardo {

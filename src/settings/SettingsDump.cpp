@@ -1,7 +1,7 @@
 #include "settings/SettingsDump.h"
 
-#include "host/Host.h"
-#include "host/Printf.h"
+#include "module/HostBinding.h"
+#include "base/Printf.h"
 
 namespace ardo {
 

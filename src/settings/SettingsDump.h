@@ -3,7 +3,7 @@
 // line, each after a caller-given prefix, and an INI text of sections and typed values.
 #include <string>
 
-#include "host/ResBuf.h"
+#include "boundary/ResBuf.h"
 
 namespace ardo {
 

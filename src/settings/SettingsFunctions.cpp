@@ -1,7 +1,7 @@
 #include "settings/SettingsFunctions.h"
 
-#include "host/ResBuf.h"
-#include "host/lisp/CallFrame.h"
+#include "boundary/ResBuf.h"
+#include "module/lisp/CallFrame.h"
 #include "settings/ModuleFiles.h"
 
 namespace ardo::handlers {

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "host/TextFile.h"
+#include "base/TextFile.h"
 
 namespace ardo {
 

@@ -2,8 +2,8 @@
 
 #include <cstdlib>
 
-#include "host/CaseFold.h"
-#include "host/Printf.h"
+#include "base/CaseFold.h"
+#include "base/Printf.h"
 #include "settings/ProfileString.h"
 
 namespace ardo {

@@ -8,7 +8,7 @@
 // first. Every typed set formats the value in its text form and sets it as a string.
 #include <string>
 
-#include "host/ResBuf.h"
+#include "boundary/ResBuf.h"
 
 namespace ardo {
 

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "support/TempFolder.h"
-#include "host/TextFile.h"
-#include "host/paths/PathJoin.h"
+#include "base/TextFile.h"
+#include "module/paths/PathJoin.h"
 #include "support/ScriptedHost.h"
 
 namespace ardo {

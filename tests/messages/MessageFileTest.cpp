@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/ResBuf.h"
+#include "boundary/ResBuf.h"
 #include "support/ScriptedHost.h"
 
 namespace ardo {

@@ -1,7 +1,7 @@
 #pragma once
 // A host that takes every message and answers every box with its first button, for fuzz
 // targets, which link the module without the test support library.
-#include "host/Host.h"
+#include "module/HostBinding.h"
 
 namespace ardo::test {
 

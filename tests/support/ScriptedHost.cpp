@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "cadhost/drawing/Drawing.h"
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace ardo::test {
 

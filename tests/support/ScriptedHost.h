@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "cadhost/colors/ColorServices.h"
-#include "host/Host.h"
+#include "module/HostBinding.h"
 
 namespace cadhost {
 class CommandProcessor;

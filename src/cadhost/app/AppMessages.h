@@ -1,7 +1,7 @@
 #pragma once
 // The application messages the host sends to a module's entry point, and the entry
 // point's signature.
-#include "host/AppMessages.h"
+#include "boundary/AppMessages.h"
 
 namespace cadhost {
 

@@ -3,7 +3,7 @@
 #include "cadhost/app/ModuleLisp.h"
 #include "cadhost/lisp/LispError.h"
 #include "cadhost/lisp/SelectionSet.h"
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost {
 

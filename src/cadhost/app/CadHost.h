@@ -15,7 +15,7 @@
 #include "cadhost/commands/CommandProcessor.h"
 #include "cadhost/drawing/Drawing.h"
 #include "cadhost/lisp/Interpreter.h"
-#include "host/Host.h"
+#include "boundary/Host.h"
 
 namespace cadhost {
 

@@ -1,7 +1,7 @@
 #include "cadhost/app/CadLispHost.h"
 
 #include "cadhost/app/CadHost.h"
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost {
 

@@ -5,7 +5,7 @@
 
 #include "cadhost/app/CadHost.h"
 #include "cadhost/lisp/ResBufConvert.h"
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost {
 

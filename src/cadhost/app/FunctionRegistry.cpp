@@ -1,6 +1,6 @@
 #include "cadhost/app/FunctionRegistry.h"
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost {
 

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/Host.h"
+#include "boundary/Host.h"
 
 namespace cadhost {
 

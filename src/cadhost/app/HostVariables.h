@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "host/ResBuf.h"
+#include "boundary/ResBuf.h"
 
 namespace cadhost {
 

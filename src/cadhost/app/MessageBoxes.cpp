@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost {
 

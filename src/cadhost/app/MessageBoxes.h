@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/Host.h"
+#include "boundary/Host.h"
 
 namespace cadhost {
 

@@ -2,7 +2,7 @@
 
 #include "cadhost/app/CadHost.h"
 #include "cadhost/app/ModuleLisp.h"
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost {
 

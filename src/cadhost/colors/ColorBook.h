@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "host/HostColor.h"
+#include "boundary/HostColor.h"
 
 namespace cadhost {
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost {
 

@@ -4,7 +4,7 @@
 // "VONLAYER"; numbers 1..255 are known to both.
 #include <string_view>
 
-#include "host/HostColor.h"
+#include "boundary/HostColor.h"
 
 namespace cadhost {
 

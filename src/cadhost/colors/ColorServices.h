@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "cadhost/colors/ColorNames.h"
-#include "host/HostColor.h"
+#include "boundary/HostColor.h"
 
 namespace cadhost {
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost {
 

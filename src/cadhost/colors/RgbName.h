@@ -3,7 +3,7 @@
 // blanks allowed around each number.
 #include <string_view>
 
-#include "host/HostColor.h"
+#include "boundary/HostColor.h"
 
 namespace cadhost {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "cadhost/colors/ColorServices.h"
-#include "host/ResBuf.h"
+#include "boundary/ResBuf.h"
 
 namespace cadhost {
 

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost::commands {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/ResBuf.h"
+#include "boundary/ResBuf.h"
 
 namespace cadhost::commands {
 

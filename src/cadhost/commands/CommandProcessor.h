@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "host/ResBuf.h"
+#include "boundary/ResBuf.h"
 
 namespace cadhost {
 

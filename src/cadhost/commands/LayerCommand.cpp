@@ -7,7 +7,7 @@
 #include "cadhost/commands/LayerNames.h"
 #include "cadhost/commands/LayerValues.h"
 #include "cadhost/drawing/Drawing.h"
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost::commands {
 

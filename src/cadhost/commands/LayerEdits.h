@@ -6,7 +6,7 @@
 #include <string>
 
 #include "cadhost/commands/Command.h"
-#include "host/HostDrawing.h"
+#include "boundary/HostDrawing.h"
 
 namespace cadhost::commands {
 

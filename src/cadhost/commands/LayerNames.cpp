@@ -2,7 +2,7 @@
 
 #include "cadhost/drawing/Drawing.h"
 #include "cadhost/lisp/Wildcard.h"
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost::commands {
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "cadhost/commands/CommandInput.h"
-#include "layers/Lineweight.h"
+#include "cadhost/drawing/StandardLineweights.h"
 
 namespace cadhost::commands {
 
@@ -48,10 +48,8 @@ std::optional<int> layerLineweight(const ardo::ResBuf& input) {
     if (text.empty() || *end != '\0' || !(mm >= 0.0 && mm <= 2.11 + 1e-9)) return std::nullopt;
     const double hundredths = mm * 100.0;
     std::optional<int> nearest;
-    for (const auto& row : ardo::kLineweights) {
-        if (row.value < 0) continue;
-        if (!nearest || std::abs(row.value - hundredths) < std::abs(*nearest - hundredths)) nearest = row.value;
-    }
+    for (const int value : kStandardLineweights)
+        if (!nearest || std::abs(value - hundredths) < std::abs(*nearest - hundredths)) nearest = value;
     return nearest;
 }
 

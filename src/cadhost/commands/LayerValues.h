@@ -4,8 +4,8 @@
 #include <string>
 
 #include "cadhost/colors/ColorServices.h"
-#include "host/HostColor.h"
-#include "host/ResBuf.h"
+#include "boundary/HostColor.h"
+#include "boundary/ResBuf.h"
 
 namespace cadhost::commands {
 

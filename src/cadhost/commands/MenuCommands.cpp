@@ -6,7 +6,7 @@
 
 #include "cadhost/commands/Command.h"
 #include "cadhost/commands/CommandInput.h"
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost::commands {
 

@@ -4,7 +4,7 @@
 #include "cadhost/commands/Command.h"
 #include "cadhost/commands/CommandInput.h"
 #include "cadhost/drawing/Drawing.h"
-#include "host/CaseFold.h"
+#include "base/CaseFold.h"
 
 namespace cadhost::commands {
 

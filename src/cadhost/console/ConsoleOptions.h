@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "host/Host.h"
+#include "boundary/Host.h"
 
 namespace cadhost::console {
 

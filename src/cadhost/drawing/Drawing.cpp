@@ -6,9 +6,9 @@
 #include <filesystem>
 
 #include "cadhost/drawing/Template.h"
-#include "host/CaseFold.h"
-#include "host/FileReplace.h"
-#include "host/TextFile.h"
+#include "base/CaseFold.h"
+#include "base/FileReplace.h"
+#include "base/TextFile.h"
 #include "cadhost/dxf/TagValue.h"
 
 namespace cadhost {

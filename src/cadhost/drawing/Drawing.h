@@ -21,8 +21,8 @@
 #include "cadhost/drawing/Geometry.h"
 #include "cadhost/dxf/DxfDocument.h"
 #include "cadhost/dxf/DxfText.h"
-#include "host/HostDrawing.h"
-#include "host/ResBuf.h"
+#include "boundary/HostDrawing.h"
+#include "boundary/ResBuf.h"
 
 namespace cadhost {
 

@@ -1,7 +1,7 @@
 // The linetype table and loading linetypes from ".lin" files.
 #include "cadhost/drawing/Drawing.h"
 #include "cadhost/drawing/LinetypeFile.h"
-#include "host/TextFile.h"
+#include "base/TextFile.h"
 #include "cadhost/dxf/TagValue.h"
 
 namespace cadhost {

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <optional>
 
-#include "host/ResBuf.h"
+#include "boundary/ResBuf.h"
 
 namespace cadhost {
 

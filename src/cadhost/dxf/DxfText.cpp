@@ -9,7 +9,7 @@
 #include <charconv>
 #include <utility>
 
-#include "host/Utf8.h"
+#include "base/Utf8.h"
 
 namespace cadhost {
 

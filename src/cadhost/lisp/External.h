@@ -4,7 +4,7 @@
 #include <string>
 
 #include "cadhost/lisp/Value.h"
-#include "host/ResBuf.h"
+#include "boundary/ResBuf.h"
 
 namespace cadhost::lisp {
 

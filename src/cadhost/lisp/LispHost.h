@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/ResBuf.h"
+#include "boundary/ResBuf.h"
 
 namespace cadhost::lisp {
 

@@ -7,7 +7,7 @@
 // RT3DPOINT; other lists RTLB ... RTLE, a dotted tail as RTDOTE before its value;
 // entity names RTENAME; selection sets RTPICKS with the set's id.
 #include "cadhost/lisp/Value.h"
-#include "host/ResBuf.h"
+#include "boundary/ResBuf.h"
 
 namespace cadhost::lisp {
 

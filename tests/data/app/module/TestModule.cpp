@@ -4,7 +4,7 @@
 // gets, so the tests see the order.
 #include <string>
 
-#include "host/Host.h"
+#include "module/HostBinding.h"
 
 namespace {
 

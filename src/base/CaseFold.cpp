@@ -1,0 +1,74 @@
+#include "base/CaseFold.h"
+
+#include "base/Utf8.h"
+
+namespace ardo {
+
+namespace {
+
+char32_t upperOf(char32_t c) {
+    if (c >= 'a' && c <= 'z') return c - 0x20;
+    if (c < 0x80) return c;
+    if (c >= 0xE0 && c <= 0xFE && c != 0xF7) return c - 0x20;
+    switch (c) {
+        case 0xFF: return 0x178;
+        case 0x161: return 0x160;
+        case 0x153: return 0x152;
+        case 0x17E: return 0x17D;
+        default: return c;
+    }
+}
+
+bool isWhite(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f'; }
+
+}  // namespace
+
+std::string upperCase(std::string_view utf8) {
+    std::string out;
+    out.reserve(utf8.size());
+    size_t pos = 0;
+    while (pos < utf8.size()) {
+        auto b = static_cast<unsigned char>(utf8[pos]);
+        if (b < 0x80) {
+            out += (b >= 'a' && b <= 'z') ? char(b - 0x20) : char(b);
+            ++pos;
+            continue;
+        }
+        appendUtf8(out, upperOf(decodeUtf8At(utf8, pos)));
+    }
+    return out;
+}
+
+bool equalsNoCase(std::string_view a, std::string_view b) {
+    size_t i = 0, j = 0;
+    while (i < a.size() && j < b.size()) {
+        auto ca = static_cast<unsigned char>(a[i]);
+        auto cb = static_cast<unsigned char>(b[j]);
+        if (ca < 0x80 && cb < 0x80) {
+            if (ca >= 'a' && ca <= 'z') ca -= 0x20;
+            if (cb >= 'a' && cb <= 'z') cb -= 0x20;
+            if (ca != cb) return false;
+            ++i;
+            ++j;
+            continue;
+        }
+        if (upperOf(decodeUtf8At(a, i)) != upperOf(decodeUtf8At(b, j))) return false;
+    }
+    return i == a.size() && j == b.size();
+}
+
+std::string_view trimWhiteLeft(std::string_view s) {
+    size_t b = 0;
+    while (b < s.size() && isWhite(s[b])) ++b;
+    return s.substr(b);
+}
+
+std::string_view trimWhiteRight(std::string_view s) {
+    size_t e = s.size();
+    while (e > 0 && isWhite(s[e - 1])) --e;
+    return s.substr(0, e);
+}
+
+std::string_view trimWhite(std::string_view s) { return trimWhiteRight(trimWhiteLeft(s)); }
+
+}  // namespace ardo

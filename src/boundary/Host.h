@@ -1,0 +1,85 @@
+#pragma once
+// The one boundary between the module and its CAD application. The module asks every
+// service of its host through this interface and never calls a host any other way.
+#include <string>
+
+#include <cstdint>
+
+#include "boundary/HostColor.h"
+#include "boundary/HostDrawing.h"
+#include "boundary/ResBuf.h"
+
+namespace ardo {
+
+// Message box buttons, icons and answers with the values Windows gives them.
+enum class MbButtons { Ok = 0, OkCancel = 1, YesNoCancel = 3, YesNo = 4 };
+enum class MbIcon { None = 0, Error = 0x10, Question = 0x20, Exclamation = 0x30, Information = 0x40 };
+enum class MbAnswer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+using LispHandler = int (*)();
+
+class Host {
+public:
+    virtual ~Host() = default;
+
+    // LISP registration and dispatch.
+    virtual int defun(const std::string& name, int code) = 0;
+    virtual int undef(const std::string& name, int code) = 0;
+    virtual int regFunc(LispHandler handler, int code) = 0;
+    virtual int getFunCode() const = 0;
+    // Queues a LISP expression for the interpreter once the document is ready.
+    virtual int queueExpr(const std::string& expression) = 0;
+
+    // Arguments of the current call and its result.
+    virtual const ResBufChain& getArgs() const = 0;
+    virtual int retNil() = 0;
+    virtual int retT() = 0;
+    virtual int retVoid() = 0;
+    virtual int retStr(const std::string& value) = 0;
+    virtual int retInt(int value) = 0;
+    virtual int retReal(double value) = 0;
+    virtual int retList(const ResBufChain& list) = 0;
+
+    // Command line, alert box and message boxes.
+    virtual void print(const std::string& text) = 0;
+    virtual void alert(const std::string& text) = 0;
+    virtual MbAnswer messageBox(const std::string& text, const std::string& caption,
+                                MbButtons buttons, MbIcon icon) = 0;
+
+    // System variables: RTNORM with the value, or RTERROR for an unknown name.
+    virtual int getVar(const std::string& name, ResBuf& value) const = 0;
+    virtual int setVar(const std::string& name, const ResBuf& value) = 0;
+
+    // Runs a host command: tokens as the command line would get them; an empty string
+    // answers a prompt with Enter.
+    virtual int command(const ResBufChain& tokens) = 0;
+
+    // The working drawing, or none.
+    virtual HostDrawing* workingDrawing() = 0;
+    // Document locking around database writes outside a command.
+    virtual bool lockDocument() = 0;
+    virtual void unlockDocument() = 0;
+    // Identifies the current document in messages.
+    virtual const void* currentDocument() const = 0;
+
+    // Colour lookups of the host: index colour names and numbers (English and German
+    // forms), RGB names ("255,128,0") and colour-book colours. True when found.
+    virtual bool colorFromAciName(const std::string& text, HostColor& color) const = 0;
+    virtual bool colorFromRgbName(const std::string& text, HostColor& color) const = 0;
+    virtual bool colorFromColorBookName(const std::string& book, const std::string& name,
+                                        HostColor& color) const = 0;
+    // The palette's RGB of an index colour, for nearest-index and RGB results.
+    virtual std::uint32_t rgbOfIndexColor(int index) const = 0;
+
+    // ObjectARX applications: load one from its file; ask whether one is loaded by its
+    // name (the file name without folder and extension, any case).
+    virtual bool arxLoad(const std::string& path) = 0;
+    virtual bool arxLoaded(const std::string& application) const = 0;
+    // A file along the host's support folders, as findfile finds it; false when none.
+    virtual bool findFile(const std::string& name, std::string& result) const = 0;
+    // Greys or enables an entry of a loaded menu group; false when the host has no such
+    // group or entry.
+    virtual bool greyMenuItem(const std::string& menuGroup, const std::string& item, bool grey) = 0;
+};
+
+}  // namespace ardo

@@ -1,0 +1,28 @@
+#include "module/UnavailableFunctions.h"
+
+#include "module/HostBinding.h"
+#include "base/Printf.h"
+#include "messages/MessageFile.h"
+
+namespace ardo::handlers {
+
+namespace {
+
+int notAvailable(const char* function, bool isCommand) {
+    if (isCommand) host().retVoid();
+    else host().retNil();
+    host().print(format(MessageFile::instance().text("LCINIT", "NotAvailable"), function));
+    return RSRSLT;
+}
+
+}  // namespace
+
+int kemb_layerDialog() { return notAvailable("kemb_layerDialog", false); }
+int kemb_ArdoIniDialog() { return notAvailable("kemb_ArdoIniDialog", false); }
+int C_Kemb_EditLayers() { return notAvailable("Kemb_EditLayers", true); }
+int kemb_ColorDialog() { return notAvailable("kemb_ColorDialog", false); }
+int kemb_Highlight() { return notAvailable("kemb_Highlight", false); }
+int C_kemb_HighlightOptions() { return notAvailable("kemb_HighlightOptions", true); }
+int kemb_MakeAreaShape() { return notAvailable("kemb_MakeAreaShape", false); }
+
+}  // namespace ardo::handlers

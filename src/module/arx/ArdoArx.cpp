@@ -1,0 +1,25 @@
+// The exports of ardo.arx: the entry point the host sends its application messages to.
+#include <dlfcn.h>
+
+#include "module/ModuleEntry.h"
+#include "settings/ModuleFiles.h"
+
+namespace {
+
+// The module's own file, as the process attach finds it: the module files lie beside it.
+void rememberModulePath() {
+    Dl_info info{};
+    if (dladdr(reinterpret_cast<void*>(&rememberModulePath), &info) && info.dli_fname)
+        ardo::moduleFiles().modulePath = info.dli_fname;
+}
+
+__attribute__((constructor)) void attachProcess() { rememberModulePath(); }
+
+}  // namespace
+
+extern "C" __attribute__((visibility("default"))) int acrxEntryPoint(int message, void* appId) {
+    return ardo::moduleEntryPoint(message, appId);
+}
+
+// The host's API version this module was built against.
+extern "C" __attribute__((visibility("default"))) int acrxGetApiVersion() { return 18; }

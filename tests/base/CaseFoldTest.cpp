@@ -1,0 +1,38 @@
+#include "base/CaseFold.h"
+
+#include <gtest/gtest.h>
+
+namespace ardo {
+namespace {
+
+TEST(CaseFold, UmlautsCompareWithoutRegardToCase) {
+    EXPECT_TRUE(equalsNoCase("Wände", "WÄNDE"));
+    EXPECT_TRUE(equalsNoCase("öl-tür", "ÖL-TÜR"));
+    EXPECT_TRUE(equalsNoCase("œuvre ÿ š ž", "ŒUVRE Ÿ Š Ž"));
+    EXPECT_FALSE(equalsNoCase("Wände", "Wande"));
+    EXPECT_FALSE(equalsNoCase("Wände", "Wänd"));
+    EXPECT_FALSE(equalsNoCase("", "a"));
+    EXPECT_TRUE(equalsNoCase("", ""));
+}
+
+TEST(CaseFold, UpperCaseFoldsAsTheWindowsCodePage) {
+    EXPECT_EQ(upperCase("wände straße"), "WÄNDE STRAßE");
+    EXPECT_EQ(upperCase("ÿ÷"), "Ÿ÷");
+    EXPECT_EQ(upperCase("layer_1"), "LAYER_1");
+}
+
+TEST(CaseFold, InvalidUtf8NeverStopsTheComparison) {
+    EXPECT_TRUE(equalsNoCase("a\xE4x", "A\xE4X"));
+    EXPECT_FALSE(equalsNoCase("a\xE4", "a\xC4\x80"));
+    EXPECT_EQ(upperCase("a\xFF"), "A\xC5\xB8");
+}
+
+TEST(CaseFold, TrimmingRemovesBlanksTabsAndLineEnds) {
+    EXPECT_EQ(trimWhite(" \t x y \r\n"), "x y");
+    EXPECT_EQ(trimWhiteLeft("  x "), "x ");
+    EXPECT_EQ(trimWhiteRight("  x \r"), "  x");
+    EXPECT_EQ(trimWhite(" \t\r\n"), "");
+}
+
+}  // namespace
+}  // namespace ardo
