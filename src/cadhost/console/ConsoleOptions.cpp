@@ -5,14 +5,21 @@
 namespace cadhost::console {
 
 const char* const kUsage =
-    "usage: ardo-cad [drawing.dxf] [-e EXPR]... [-s script.lsp]... [-o out.dxf]\n"
+    "usage: ardo-cad [drawing.dxf]... [-e EXPR]... [-s script.lsp]... [-o out.dxf]\n"
     "                [--answer yes|no|ok|cancel]... [--no-module | --module PATH]\n"
+    "  drawing.dxf  open this drawing; several are opened in order, the last one current\n"
     "  -e EXPR      evaluate a LISP expression after start-up (repeatable)\n"
     "  -s FILE      run a script of LISP expressions and command lines (repeatable)\n"
-    "  -o FILE      save the drawing as DXF at the end\n"
+    "  -o FILE      save the current drawing as DXF at the end; nothing is saved when\n"
+    "               an -e expression or -s script failed (exit status 1)\n"
     "  --answer A   answer the next message box in script mode (repeatable, in order)\n"
     "  --module P   load this module instead of ardo.arx beside ardo-cad\n"
-    "  --no-module  load no module\n";
+    "  --no-module  load no module\n"
+    "With several drawings open, at the Command: prompt DRAWINGS lists them, SWITCH n\n"
+    "makes drawing n (or the one of that name) current, OPEN file.dxf opens one more and\n"
+    "CLOSE closes the current one. In LISP: (drawings), (switchdrawing n-or-name),\n"
+    "(opendrawing \"file.dxf\") and (closedrawing [n-or-name]); each drawing keeps its own\n"
+    "LISP variables and functions.\n";
 
 std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::string>& args) {
     ConsoleOptions o;
@@ -37,10 +44,8 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
             }
         } else if (a.starts_with('-') && a.size() > 1) {
             return "unknown option " + a;
-        } else if (o.drawing) {
-            return "only one drawing can be opened; \"" + a + "\" is a second one";
         } else {
-            o.drawing = a;
+            o.drawings.push_back(a);
         }
     }
     if (o.noModule && o.module) return "--no-module and --module exclude each other";

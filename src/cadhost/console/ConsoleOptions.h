@@ -1,6 +1,6 @@
 #pragma once
 // The command line of ardo-cad:
-//   ardo-cad [drawing.dxf] [-e EXPR]... [-s script.lsp]... [-o out.dxf]
+//   ardo-cad [drawing.dxf]... [-e EXPR]... [-s script.lsp]... [-o out.dxf]
 //            [--answer yes|no|ok|cancel]... [--no-module | --module PATH]
 #include <optional>
 #include <string>
@@ -18,7 +18,8 @@ struct Step {
 };
 
 struct ConsoleOptions {
-    std::optional<std::string> drawing;
+    // Opened in order; the last one is current.
+    std::vector<std::string> drawings;
     std::vector<Step> steps;
     std::optional<std::string> output;
     std::vector<ardo::MbAnswer> answers;
