@@ -45,16 +45,6 @@ std::vector<std::filesystem::path> supportPath(const ConsoleOptions& o, const st
     return folders;
 }
 
-// The module to load: the one asked for, or ardo.arx beside ardo-cad when it is there.
-std::optional<std::string> modulePath(const ConsoleOptions& o, const std::string& programFolder) {
-    if (o.noModule) return std::nullopt;
-    if (o.module) return o.module;
-    const std::filesystem::path beside = std::filesystem::path(programFolder) / "ardo.arx";
-    std::error_code ec;
-    if (std::filesystem::is_regular_file(beside, ec)) return beside.string();
-    return std::nullopt;
-}
-
 // Feeds the lines to the command line as a script run does; false after (quit). The
 // prompt starts on a line of its own, whatever was printed before it.
 bool runLines(CommandLine& commandLine, ConsoleInterface& ui, LineReader& reader) {
@@ -109,6 +99,15 @@ bool runSteps(const ConsoleOptions& o, CommandLine& commandLine, ConsoleInterfac
 }
 
 }  // namespace
+
+std::optional<std::string> modulePath(const ConsoleOptions& o, const std::string& programFolder) {
+    if (o.noModule) return std::nullopt;
+    if (o.module) return o.module;
+    const std::filesystem::path beside = std::filesystem::path(programFolder) / "ardo.arx";
+    std::error_code ec;
+    if (std::filesystem::is_regular_file(beside, ec)) return beside.string();
+    return std::nullopt;
+}
 
 int runConsole(const ConsoleOptions& o, const std::string& programFolder) {
     const bool interactive = isatty(STDIN_FILENO) == 1;
