@@ -225,10 +225,7 @@ std::string Drawing::toDxf() {
 }
 
 std::optional<std::string> Drawing::save(const std::string& path) {
-    errno = 0;
-    if (!ardo::replaceFile(path, toDxf()))
-        return "Cannot save \"" + path + "\": " + (errno ? std::strerror(errno) : "the file is read-only") +
-               ". The file was left as it was; check the folder's access rights and free space.";
+    if (auto refused = ardo::replaceFile(path, toDxf())) return refused;
     setPath(path);
     return std::nullopt;
 }
