@@ -184,6 +184,10 @@ private:
     std::string tableHandle(std::string_view table) const;
     ardo::LayerRecord layerFromTags(std::span<const DxfTag> tags) const;
     std::vector<OwnedTag> layerTags(const ardo::LayerRecord& record) const;
+    // Refuses a lineweight or linetype a layer may not have (InvalidInput; KeyNotFound for a
+    // linetype the drawing lacks) and gives the linetype the spelling of its record. Values
+    // the layer had before are left as they are.
+    ardo::DbStatus acceptLayerValues(ardo::LayerRecord& record, const ardo::LayerRecord* before) const;
     RecordId ensureTextStyle(std::string_view name, std::string_view font, bool shapeFile);
 
     // Objects

@@ -1,6 +1,7 @@
 // The named-object dictionary, its sub-dictionaries and place-holders (plot style names).
 #include <algorithm>
 
+#include "base/CaseFold.h"
 #include "cadhost/drawing/Drawing.h"
 #include "cadhost/dxf/TagEdit.h"
 #include "cadhost/dxf/TagValue.h"
@@ -22,9 +23,15 @@ std::optional<RecordId> Drawing::rootDictionary() const {
 
 std::optional<RecordId> Drawing::dictionaryEntry(RecordId dictionary, std::string_view name) const {
     const auto tags = doc_.tags(dictionary);
-    const std::string key = foldName(name);
+    // Every layer read looks its plot style up here: plain ASCII entries are compared as
+    // they stand in the file, without decoding or folding a copy.
+    const auto sameName = [&](std::string_view fileValue) {
+        const bool plain = std::all_of(fileValue.begin(), fileValue.end(),
+                                       [](char c) { return static_cast<unsigned char>(c) < 0x80 && c != '\\'; });
+        return plain ? ardo::equalsNoCase(fileValue, name) : ardo::equalsNoCase(text(fileValue), name);
+    };
     for (std::size_t i = 0; i + 1 < tags.size(); ++i)
-        if (tags[i].code == 3 && isEntryHandle(tags[i + 1].code) && foldName(text(tags[i].value)) == key)
+        if (tags[i].code == 3 && isEntryHandle(tags[i + 1].code) && sameName(tags[i].value))
             return recordByHandle(tags[i + 1].value);
     return std::nullopt;
 }
