@@ -24,8 +24,18 @@ bool isWhite(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' ||
 }  // namespace
 
 std::string upperCase(std::string_view utf8) {
-    std::string out;
-    out.reserve(utf8.size());
+    // Keys and names are mostly ASCII, and every lookup folds one: that case in place.
+    std::string out(utf8);
+    bool ascii = true;
+    for (char& c : out) {
+        if (static_cast<unsigned char>(c) >= 0x80) {
+            ascii = false;
+            break;
+        }
+        if (c >= 'a' && c <= 'z') c = char(c - 0x20);
+    }
+    if (ascii) return out;
+    out.clear();
     size_t pos = 0;
     while (pos < utf8.size()) {
         auto b = static_cast<unsigned char>(utf8[pos]);

@@ -35,8 +35,8 @@ private:
         header_ = file.findSection(kLayerSection);
         hasSection_ = header_ != file.end();
         if (!hasSection_) return;
-        for (auto line = std::next(header_); line != file.sectionEnd(header_); ++line)
-            lines_.try_emplace(upperCase(line->key), line);
+        const auto end = file.sectionEnd(header_);
+        for (auto line = std::next(header_); line != end; ++line) lines_.try_emplace(upperCase(line->key), line);
     }
 
     std::uint64_t serial_ = 0;
@@ -66,7 +66,8 @@ void forEachLayerEntry(const std::function<bool(const std::string& key, const La
     if (!file) return;
     const auto header = file->findSection(kLayerSection);
     if (header == file->end()) return;
-    for (auto line = std::next(header); line != file->sectionEnd(header); ++line) {
+    const auto end = file->sectionEnd(header);
+    for (auto line = std::next(header); line != end; ++line) {
         LayerValue value;
         if (line->isSection() || !parseLayerValue(line->value, value)) continue;
         if (!visit(line->key, value)) return;

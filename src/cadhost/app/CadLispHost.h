@@ -5,6 +5,7 @@
 // result types.
 #include <map>
 #include <string>
+#include <vector>
 
 #include "cadhost/lisp/LispHost.h"
 
@@ -33,8 +34,13 @@ public:
 private:
     std::vector<std::string> recordNames(const std::string& table) const;
 
+    struct TableWalk {
+        std::vector<std::string> names;
+        std::size_t cursor = 0;
+    };
+
     CadHost& host_;
-    std::map<std::string, std::size_t> tableCursor_;
+    std::map<std::string, TableWalk> tableWalks_;
 };
 
 }  // namespace cadhost
