@@ -165,7 +165,9 @@ bool ObjectLayerFile::write(const CentralLayerFile& list, const std::string& pat
                             const std::string& activeKey) {
     const LayerEntry* activeEntry = nullptr;
     const std::string text = fileText(list, currentObject, activeKey, activeEntry);
-    if (!writeTextFile(path, text, lineEndOfFile(path))) {
+    // The file that was read, however the caller spelled it, not a second one beside it.
+    const std::string onDisk = findOnDisk(path).value_or(path);
+    if (!writeTextFile(onDisk, text, lineEndOfFile(onDisk))) {
         reportCannotWrite(path);
         return false;
     }

@@ -96,6 +96,18 @@ TEST_F(DrawingLayers, ColourCodesOnCreation) {
     EXPECT_EQ(host.printed, "");
 }
 
+// A book the host does not ship: the layer keeps the names, and the drawing file the colour
+// book group beside the RGB.
+TEST_F(DrawingLayers, AnUnknownColourBookKeepsItsNamesOnTheLayer) {
+    ASSERT_EQ(createLayer("U", fields("U,67305985,Continuous,,0,MEINBUCH,Farbe 7")), RTNORM);
+    const auto layer = drawing.findLayer("U");
+    EXPECT_EQ(layer->color.method, HostColor::Method::ColorBook);
+    EXPECT_EQ(layer->color.rgb(), 0x030201u);
+    EXPECT_EQ(layer->color.bookName, "MEINBUCH");
+    EXPECT_EQ(layer->color.colorName, "Farbe 7");
+    EXPECT_NE(drawing.toDxf().find("430\nMEINBUCH$Farbe 7\n"), std::string::npos);
+}
+
 // Only a plottable text whose first character is '0' makes the layer not plottable.
 TEST_F(DrawingLayers, PlottableTextOnCreation) {
     LayerValue v = fields("P,1,Continuous,,0");

@@ -150,6 +150,18 @@ TEST_F(ObjectLayerFileTest, WriteKeepsOtherLinesAndObjectsAndWritesCurrentFromEn
     EXPECT_EQ(again.lines().size(), 3u);
 }
 
+// A file found under another spelling is written back in its own place.
+TEST_F(ObjectLayerFileTest, WriteGoesToTheFileThatWasFoundUnderAnotherSpelling) {
+    std::filesystem::create_directory(tmp.file("Objekte"));
+    const std::string real = tmp.write("Objekte/Wand.ini", "[Layer]\nMauer=K1\n");
+    const std::string asWindowsNamesIt = tmp.file("OBJEKTE\\WAND.INI");
+    ASSERT_TRUE(object.read(asWindowsNamesIt));
+    addEntry("K1", entryflag::kFromFile | entryflag::kInObjectFile | entryflag::kCurrentObject);
+    ASSERT_TRUE(object.write(list, asWindowsNamesIt, "Mauer", "K1"));
+    EXPECT_FALSE(std::filesystem::exists(asWindowsNamesIt)) << "no second file";
+    EXPECT_NE(test::readBytes(real).find("Mauer=K1"), std::string::npos);
+}
+
 TEST_F(ObjectLayerFileTest, WriteWithoutActiveEntryLeavesSettingsAlone) {
     const std::string path = tmp.write("X.ini", "[Layer]\n");
     ASSERT_TRUE(object.read(path));
