@@ -52,6 +52,7 @@ std::variant<Drawing, std::string> Drawing::fromBytes(std::string bytes, const s
 }
 
 void Drawing::index() {
+    plotStyleDictionary_.reset();
     for (RecordId id = doc_.first(); id != kNoRecord; id = doc_.next(id)) {
         const auto tags = doc_.tags(id);
         if (tags[0].value != "SECTION") continue;

@@ -195,6 +195,9 @@ private:
     std::optional<RecordId> dictionaryEntry(RecordId dictionary, std::string_view name) const;
     std::optional<std::string> dictionaryEntryName(RecordId dictionary, std::string_view handle) const;
     std::optional<RecordId> namedDictionary(std::string_view name) const;
+    // "ACAD_PLOTSTYLENAME", which every layer read consults: looked up once until the
+    // objects change.
+    std::optional<RecordId> plotStyleDictionary() const;
     RecordId addObject(std::vector<OwnedTag> tags);
     void addDictionaryEntry(RecordId dictionary, std::string_view name, std::string_view handle);
     std::optional<RecordId> recordByHandle(std::string_view handleText) const;
@@ -210,7 +213,8 @@ private:
     std::string version_;
     std::string path_;
     RecordId header_ = kNoRecord, objectsEnd_ = kNoRecord;
-    std::unordered_map<std::string, std::size_t> headerIndex_;   // "$NAME" -> index of its 9 tag
+    std::unordered_map<std::string, std::size_t> headerIndex_;
+    mutable std::optional<std::optional<RecordId>> plotStyleDictionary_;   // "$NAME" -> index of its 9 tag
     std::unordered_map<std::string, Table> tables_;
     std::unordered_map<std::string, RecordId> layerByName_;      // folded name
     std::unordered_map<Handle, RecordId> byHandle_;

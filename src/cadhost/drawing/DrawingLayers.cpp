@@ -111,7 +111,7 @@ LayerRecord Drawing::layerFromTags(std::span<const DxfTag> tags) const {
             case 370: r.lineweight = static_cast<int>(toInteger(t.value, -3)); break;
             case 290: r.isPlottable = toInteger(t.value, 1) != 0; break;
             case 390:
-                if (const auto dict = namedDictionary("ACAD_PLOTSTYLENAME"))
+                if (const auto dict = plotStyleDictionary())
                     if (auto name = dictionaryEntryName(*dict, t.value)) r.plotStyleName = *name;
                 break;
             default: break;

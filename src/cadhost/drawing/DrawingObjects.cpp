@@ -53,7 +53,13 @@ std::optional<RecordId> Drawing::namedDictionary(std::string_view name) const {
     return id;
 }
 
+std::optional<RecordId> Drawing::plotStyleDictionary() const {
+    if (!plotStyleDictionary_) plotStyleDictionary_ = namedDictionary("ACAD_PLOTSTYLENAME");
+    return *plotStyleDictionary_;
+}
+
 RecordId Drawing::addObject(std::vector<OwnedTag> tags) {
+    plotStyleDictionary_.reset();
     const RecordId id = doc_.insertBefore(objectsEnd_, std::move(tags));
     objects_.push_back(id);
     indexHandle(id);
@@ -61,6 +67,7 @@ RecordId Drawing::addObject(std::vector<OwnedTag> tags) {
 }
 
 void Drawing::addDictionaryEntry(RecordId dictionary, std::string_view name, std::string_view handle) {
+    plotStyleDictionary_.reset();
     std::vector<OwnedTag> tags = doc_.copyTags(dictionary);
     // Entries belong to the AcDbDictionary subclass: after the last entry, or after the
     // subclass marker and its flags when the dictionary is empty.
