@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "cadhost/console/Console.h"
+#include "cadhost/console/VersionText.h"
 
 namespace {
 
@@ -22,13 +23,18 @@ int main(int argc, char** argv) {
     using namespace cadhost::console;
     const auto parsed = parseOptions(std::vector<std::string>(argv + 1, argv + argc));
     if (const auto* error = std::get_if<std::string>(&parsed)) {
-        std::cerr << "ardo-cad: " << *error << '\n' << kUsage;
+        std::cerr << "ardo-cad: " << *error << '\n' << usageText();
         return 2;
     }
     const ConsoleOptions& options = std::get<ConsoleOptions>(parsed);
     if (options.help) {
-        std::cout << kUsage;
+        std::cout << usageText();
         return 0;
     }
-    return runConsole(options, programFolder(argv[0]));
+    const std::string folder = programFolder(argv[0]);
+    if (options.version) {
+        std::cout << versionText(modulePath(options, folder));
+        return 0;
+    }
+    return runConsole(options, folder);
 }
