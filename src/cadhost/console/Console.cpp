@@ -27,6 +27,18 @@ struct OpenedDrawing {
 
 std::optional<OpenedDrawing> openDrawing(const ConsoleOptions& o) {
     if (!o.drawing) return OpenedDrawing{Drawing(), false};
+    if (o.recover) {
+        auto result = Drawing::recover(*o.drawing);
+        if (auto* error = std::get_if<std::string>(&result)) {
+            fail(*error);
+            return std::nullopt;
+        }
+        auto& recovered = std::get<RecoveredDrawing>(result);
+        for (const DxfRepair& r : recovered.repairs) std::cout << "Line " << r.line << ": " << r.what << '\n';
+        std::cout << (recovered.repairs.empty() ? std::string("The drawing needed no repair.\n")
+                                                : std::to_string(recovered.repairs.size()) + " repairs made.\n");
+        return OpenedDrawing{std::move(recovered.drawing), true};
+    }
     auto opened = Drawing::open(*o.drawing);
     if (auto* error = std::get_if<std::string>(&opened)) {
         fail(*error);

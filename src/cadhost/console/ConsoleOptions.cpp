@@ -6,13 +6,14 @@ namespace cadhost::console {
 
 const char* const kUsage =
     "usage: ardo-cad [drawing.dxf] [-e EXPR]... [-s script.lsp]... [-o out.dxf]\n"
-    "                [--answer yes|no|ok|cancel]... [--no-module | --module PATH]\n"
+    "                [--answer yes|no|ok|cancel]... [--no-module | --module PATH] [--recover]\n"
     "  -e EXPR      evaluate a LISP expression after start-up (repeatable)\n"
     "  -s FILE      run a script of LISP expressions and command lines (repeatable)\n"
     "  -o FILE      save the drawing as DXF at the end\n"
     "  --answer A   answer the next message box in script mode (repeatable, in order)\n"
     "  --module P   load this module instead of ardo.arx beside ardo-cad\n"
-    "  --no-module  load no module\n";
+    "  --no-module  load no module\n"
+    "  --recover    open a damaged drawing as far as it can be read and list the repairs\n";
 
 std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::string>& args) {
     ConsoleOptions o;
@@ -23,6 +24,8 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
             o.help = true;
         } else if (a == "--no-module") {
             o.noModule = true;
+        } else if (a == "--recover") {
+            o.recover = true;
         } else if (a == "-e" || a == "-s" || a == "-o" || a == "--answer" || a == "--module") {
             const std::string* v = value();
             if (!v) return "option " + a + " needs a value";

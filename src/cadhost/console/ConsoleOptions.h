@@ -1,7 +1,7 @@
 #pragma once
 // The command line of ardo-cad:
 //   ardo-cad [drawing.dxf] [-e EXPR]... [-s script.lsp]... [-o out.dxf]
-//            [--answer yes|no|ok|cancel]... [--no-module | --module PATH]
+//            [--answer yes|no|ok|cancel]... [--no-module | --module PATH] [--recover]
 #include <optional>
 #include <string>
 #include <variant>
@@ -25,6 +25,7 @@ struct ConsoleOptions {
     bool noModule = false;
     std::optional<std::string> module;
     bool help = false;
+    bool recover = false;   // open a damaged drawing, listing the repairs
 };
 
 // The options, or a message saying what is wrong.

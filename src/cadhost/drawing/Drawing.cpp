@@ -8,7 +8,7 @@
 #include "cadhost/drawing/Template.h"
 #include "base/CaseFold.h"
 #include "base/FileReplace.h"
-#include "base/TextFile.h"
+#include "cadhost/dxf/DxfFile.h"
 #include "cadhost/dxf/TagValue.h"
 
 namespace cadhost {
@@ -27,28 +27,47 @@ Drawing::Drawing() : Drawing(parseTemplate()) {
     path_ = "Drawing1.dxf";
 }
 
-Drawing::Drawing(DxfDocument doc) : doc_(std::move(doc)) {}
+Drawing::Drawing(DxfDocument doc) : doc_(std::move(doc)), form_(doc_.form()) {}
 Drawing::~Drawing() = default;
 Drawing::Drawing(Drawing&&) noexcept = default;
 Drawing& Drawing::operator=(Drawing&&) noexcept = default;
 
 std::variant<Drawing, std::string> Drawing::open(const std::string& path) {
-    errno = 0;
-    auto bytes = ardo::readFileBytes(path);
-    if (!bytes)
-        return "Cannot open \"" + path + "\": " + (errno ? std::strerror(errno) : "it cannot be read") +
-               ". Check the name and your access rights.";
-    return fromBytes(std::move(*bytes), path);
+    auto bytes = readDrawingFile(path);
+    if (auto* e = std::get_if<DxfError>(&bytes)) return e->message;
+    return load(std::move(std::get<std::string>(bytes)), path, DxfReadMode::Strict);
 }
 
 std::variant<Drawing, std::string> Drawing::fromBytes(std::string bytes, const std::string& path) {
+    return load(std::move(bytes), path, DxfReadMode::Strict);
+}
+
+std::variant<RecoveredDrawing, std::string> Drawing::recover(const std::string& path) {
+    auto bytes = readDrawingFile(path);
+    if (auto* e = std::get_if<DxfError>(&bytes)) return e->message;
+    return recoverFromBytes(std::move(std::get<std::string>(bytes)), path);
+}
+
+std::variant<RecoveredDrawing, std::string> Drawing::recoverFromBytes(std::string bytes, const std::string& path) {
+    auto loaded = load(std::move(bytes), path, DxfReadMode::Recover);
+    if (auto* e = std::get_if<std::string>(&loaded)) return *e;
+    Drawing& d = std::get<Drawing>(loaded);
+    std::vector<DxfRepair> repairs = d.doc_.repairs();
+    return RecoveredDrawing{std::move(d), std::move(repairs)};
+}
+
+std::variant<Drawing, std::string> Drawing::load(std::string bytes, const std::string& path, DxfReadMode mode) {
     const std::string where = path.empty() ? std::string("DXF") : "\"" + path + "\"";
-    auto parsed = DxfDocument::parse(std::move(bytes));
-    if (auto* e = std::get_if<DxfError>(&parsed)) return "Cannot open " + where + ". " + e->message;
-    Drawing d(std::move(std::get<DxfDocument>(parsed)));
-    d.index();
-    d.setPath(path);
-    return d;
+    try {
+        auto parsed = DxfDocument::parse(std::move(bytes), mode);
+        if (auto* e = std::get_if<DxfError>(&parsed)) return "Cannot open " + where + ". " + e->message;
+        Drawing d(std::move(std::get<DxfDocument>(parsed)));
+        d.index();
+        d.setPath(path);
+        return d;
+    } catch (const std::bad_alloc&) {
+        return "Cannot open " + where + ": there is not enough memory for it. Close other programs and try again.";
+    }
 }
 
 void Drawing::index() {
@@ -61,6 +80,7 @@ void Drawing::index() {
             indexHeader();
         } else if (name == "TABLES") {
             id = indexTables(doc_.next(id));
+            if (tablesEnd_ == kNoRecord) tablesEnd_ = id;
         } else if (name == "BLOCKS") {
             id = indexBlocks(doc_.next(id));
         } else if (name == "ENTITIES") {
@@ -221,14 +241,20 @@ std::string Drawing::toDxf() {
         setHeaderVar("$HANDSEED", {{5, handleText(nextHandle_)}});
         handSeedChanged_ = false;
     }
-    return doc_.serialize();
+    return doc_.serialize(form_, isR12());
 }
 
-std::optional<std::string> Drawing::save(const std::string& path) {
+std::optional<std::string> Drawing::save(const std::string& path) { return save(path, form_); }
+
+std::optional<std::string> Drawing::save(const std::string& path, DxfForm form) {
+    const DxfForm before = form_;
+    form_ = form;
     errno = 0;
-    if (!ardo::replaceFile(path, toDxf()))
+    if (!ardo::replaceFile(path, toDxf())) {
+        form_ = before;
         return "Cannot save \"" + path + "\": " + (errno ? std::strerror(errno) : "the file is read-only") +
                ". The file was left as it was; check the folder's access rights and free space.";
+    }
     setPath(path);
     return std::nullopt;
 }

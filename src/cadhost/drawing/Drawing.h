@@ -46,6 +46,8 @@ struct EntityTag {
     bool operator==(const EntityTag&) const = default;
 };
 
+struct RecoveredDrawing;
+
 class Drawing final : public ardo::HostDrawing {
 public:
     // A new, empty drawing made from the built-in template (AutoCAD 2018 format, named plot
@@ -55,18 +57,27 @@ public:
     Drawing(Drawing&&) noexcept;
     Drawing& operator=(Drawing&&) noexcept;
 
-    // Reads a DXF file. On failure the result is a message for the user naming the file,
-    // the line and what to do.
+    // Reads a DXF file (ASCII or binary). Only regular files are read. On failure the
+    // result is a message for the user naming the file, the line and what to do.
     static std::variant<Drawing, std::string> open(const std::string& path);
     // Reads DXF bytes; `path` only sets DWGNAME and DWGPREFIX.
     static std::variant<Drawing, std::string> fromBytes(std::string bytes, const std::string& path = {});
+    // Reads a damaged or truncated file as far as it can, mending its structure; the
+    // result lists every repair. What cannot be read at all (no DXF, not a regular
+    // file) is still refused.
+    static std::variant<RecoveredDrawing, std::string> recover(const std::string& path);
+    static std::variant<RecoveredDrawing, std::string> recoverFromBytes(std::string bytes, const std::string& path = {});
 
-    // Writes the drawing as ASCII DXF, replacing the file atomically (temporary file beside
-    // it, then rename). Returns the error message, or nothing on success. The path becomes
-    // the drawing's DWGNAME/DWGPREFIX.
+    // Writes the drawing as DXF in the form it was read or last saved in (ASCII or
+    // binary), replacing the file atomically (temporary file beside it, then rename).
+    // Returns the error message, or nothing on success. The path becomes the drawing's
+    // DWGNAME/DWGPREFIX.
     std::optional<std::string> save(const std::string& path);
-    // The DXF text as save() writes it.
+    // The same in the given form, which later saves keep.
+    std::optional<std::string> save(const std::string& path, DxfForm form);
+    // The file as save() writes it.
     std::string toDxf();
+    DxfForm form() const { return form_; }
 
     std::string_view acadVersion() const { return version_; }
     const DxfDocument& document() const { return doc_; }
@@ -154,6 +165,7 @@ private:
     };
 
     explicit Drawing(DxfDocument doc);
+    static std::variant<Drawing, std::string> load(std::string bytes, const std::string& path, DxfReadMode mode);
     void index();
     void setPath(const std::string& path);   // kept absolute, for DWGPREFIX
     void indexHeader();
@@ -179,6 +191,11 @@ private:
 
     // Tables
     const Table* table(std::string_view name) const;
+    // A minimal drawing is completed when a record needs what it lacks: the TABLES
+    // section, a table, the Continuous linetype.
+    Table& ensureTable(std::string_view name);
+    RecordId ensureTablesSection();
+    void addContinuousLinetype();
     std::optional<RecordId> findTableRecord(std::string_view table, std::string_view name) const;
     RecordId addTableRecord(std::string_view table, std::vector<OwnedTag> tags);
     std::string tableHandle(std::string_view table) const;
@@ -205,7 +222,7 @@ private:
     DxfTextCodec codec_;
     std::string version_;
     std::string path_;
-    RecordId header_ = kNoRecord, objectsEnd_ = kNoRecord;
+    RecordId header_ = kNoRecord, objectsEnd_ = kNoRecord, tablesEnd_ = kNoRecord;
     std::unordered_map<std::string, std::size_t> headerIndex_;   // "$NAME" -> index of its 9 tag
     std::unordered_map<std::string, Table> tables_;
     std::unordered_map<std::string, RecordId> layerByName_;      // folded name
@@ -218,7 +235,14 @@ private:
     std::vector<RecordId> objects_;
     Handle nextHandle_ = 0;
     bool handSeedChanged_ = false;
+    DxfForm form_ = DxfForm::Ascii;
     int cmdEcho_ = 1, fileDia_ = 1, cmdActive_ = 0, lwUnits_ = 1, lwDefault_ = 25;
+};
+
+// A drawing read in recover mode and the repairs that made it readable.
+struct RecoveredDrawing {
+    Drawing drawing;
+    std::vector<DxfRepair> repairs;
 };
 
 // Names compared without regard to case fold to this key (the host's case folding).

@@ -1,5 +1,10 @@
 #include "cadhost/dxf/DxfDocument.h"
 
+#include <charconv>
+
+#include "cadhost/dxf/DxfBinary.h"
+#include "cadhost/dxf/DxfText.h"
+
 namespace cadhost {
 
 std::span<const DxfTag> DxfDocument::tags(RecordId id) const {
@@ -41,32 +46,67 @@ RecordId DxfDocument::insertBefore(RecordId before, std::vector<OwnedTag> tags) 
     return id;
 }
 
+RecordId DxfDocument::append(std::vector<OwnedTag> tags) {
+    const auto id = static_cast<RecordId>(records_.size());
+    Record r;
+    r.edited = makeEdited(std::move(tags));
+    RecordId last = first_;
+    while (last != kNoRecord && records_[last].next != kNoRecord) last = records_[last].next;
+    r.prev = last;
+    records_.push_back(std::move(r));
+    if (last == kNoRecord)
+        first_ = id;
+    else
+        records_[last].next = id;
+    return id;
+}
+
 void DxfDocument::erase(RecordId id) { records_[id].erased = true; }
 
-void DxfDocument::appendTags(std::string& out, std::span<const OwnedTag> tags) const {
+template <class Tag>
+void DxfDocument::appendTags(std::string& out, std::span<const Tag> tags, DxfForm form, bool oneByteCodes) const {
+    if (form == DxfForm::Binary) {
+        for (const Tag& t : tags) appendBinaryTag(out, t.code, t.value, oneByteCodes);
+        return;
+    }
     const std::string_view eol = lineEnding();
-    for (const OwnedTag& t : tags) {
-        // Group codes are right-aligned in three columns, as CAD programs write them.
-        std::string code = std::to_string(t.code);
-        if (code.size() < 3) out.append(3 - code.size(), ' ');
-        out += code;
+    for (const Tag& t : tags) {
+        // Group codes are written as the file writes them: right-aligned in three columns
+        // as CAD programs do, or without blanks as some libraries do.
+        char code[8];
+        const auto end = std::to_chars(code, code + sizeof code, t.code).ptr;
+        if (padCodes_ && end - code < 3) out.append(static_cast<std::size_t>(3 - (end - code)), ' ');
+        out.append(code, end);
         out += eol;
-        out += t.value;
+        // A line break inside a value would end it early and leave a file no reader can
+        // read again; control characters are written in caret form.
+        if (std::string_view(t.value).find_first_of("\r\n") == std::string_view::npos)
+            out += t.value;
+        else
+            out += caretEncode(t.value);
         out += eol;
     }
 }
 
-std::string DxfDocument::serialize() const {
+std::string DxfDocument::serialize(DxfForm form, bool oneByteCodes) const {
+    const std::string& source = this->source();
+    const bool asRead = form == this->form();
+    if (wasBinary_) oneByteCodes = oneByteCodes_;
     std::string out;
-    out.reserve(bytes_->size() + 4096);
-    out.append(*bytes_, 0, preamble_);
+    out.reserve(source.size() + 4096);
+    if (asRead)
+        out.append(source, 0, preamble_);
+    else if (form == DxfForm::Binary)
+        out += binaryDxfSentinel();
     for (RecordId id = first_; id != kNoRecord; id = records_[id].next) {
         const Record& r = records_[id];
         if (r.erased) continue;
         if (r.edited)
-            appendTags(out, r.edited->owned);
+            appendTags(out, std::span<const OwnedTag>(r.edited->owned), form, oneByteCodes);
+        else if (asRead)
+            out.append(source.data() + r.byteBegin, r.byteEnd - r.byteBegin);
         else
-            out.append(bytes_->data() + r.byteBegin, r.byteEnd - r.byteBegin);
+            appendTags(out, tags(id), form, oneByteCodes);
     }
     return out;
 }

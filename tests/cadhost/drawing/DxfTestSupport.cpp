@@ -30,6 +30,21 @@ Drawing openOrFail(const std::string& path) {
     return std::move(std::get<Drawing>(r));
 }
 
+bool isDamagedCorpusFile(const fs::path& path) { return path.filename().string().find("recover") != std::string::npos; }
+
+Drawing openCorpusFile(const fs::path& path) {
+    if (!isDamagedCorpusFile(path)) return openOrFail(path.string());
+    EXPECT_TRUE(std::holds_alternative<std::string>(Drawing::open(path.string()))) << path << " opened without recovery";
+    auto r = Drawing::recover(path.string());
+    if (auto* e = std::get_if<std::string>(&r)) {
+        ADD_FAILURE() << *e;
+        return Drawing();
+    }
+    auto& recovered = std::get<RecoveredDrawing>(r);
+    EXPECT_FALSE(recovered.repairs.empty()) << path;
+    return std::move(recovered.drawing);
+}
+
 Drawing parseOrFail(const std::string& bytes) {
     auto r = Drawing::fromBytes(bytes);
     if (auto* e = std::get_if<std::string>(&r)) {
