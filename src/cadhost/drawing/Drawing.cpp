@@ -72,9 +72,9 @@ std::variant<Drawing, std::string> Drawing::load(std::string bytes, const std::s
 
 void Drawing::index() {
     for (RecordId id = doc_.first(); id != kNoRecord; id = doc_.next(id)) {
-        const auto tags = doc_.tags(id);
-        if (tags[0].value != "SECTION") continue;
-        const std::string_view name = tags[1].value;
+        const auto head = doc_.head(id);
+        if (head.type.value != "SECTION") continue;
+        const std::string_view name = head.second->value;   // the structure check made sure of it
         if (name == "HEADER") {
             header_ = id;
             indexHeader();
@@ -111,10 +111,11 @@ void Drawing::indexHeader() {
         if (tags[i].code == 9) headerIndex_.emplace(std::string(tags[i].value), i);
 }
 
-void Drawing::indexHandle(RecordId id) {
-    const auto tags = doc_.tags(id);
-    if (tags.size() < 2 || (tags[1].code != 5 && tags[1].code != 105)) return;
-    const Handle h = toHandle(tags[1].value);
+void Drawing::indexHandle(RecordId id) { indexHandle(id, doc_.head(id)); }
+
+void Drawing::indexHandle(RecordId id, const DxfDocument::Head& head) {
+    if (!head.second || (head.second->code != 5 && head.second->code != 105)) return;
+    const Handle h = toHandle(head.second->value);
     if (h == 0) return;
     byHandle_.emplace(h, id);
     nextHandle_ = std::max(nextHandle_, h + 1);
@@ -148,21 +149,22 @@ std::uint32_t Drawing::addEntity(RecordId record, std::int32_t block, RecordId& 
     e.record = record;
     e.last = record;
     e.block = block;
-    const auto tags = doc_.tags(record);
-    if (tags.size() > 1 && tags[1].code == 5) e.handle = toHandle(tags[1].value);
-    const std::string_view type = tags[0].value;
+    const auto head = doc_.head(record);
+    if (head.second && head.second->code == 5) e.handle = toHandle(head.second->value);
+    const std::string_view type = head.type.value;
     // Vertices and attributes are part of their POLYLINE or INSERT, up to SEQEND.
     if (type == "POLYLINE" || type == "INSERT") {
         for (RecordId n = doc_.next(record); n != kNoRecord; n = doc_.next(n)) {
-            const std::string_view sub = doc_.type(n);
+            const auto subHead = doc_.head(n);
+            const std::string_view sub = subHead.type.value;
             if (sub != "VERTEX" && sub != "ATTRIB" && sub != "SEQEND") break;
-            indexHandle(n);
+            indexHandle(n, subHead);
             e.last = n;
             if (sub == "SEQEND") break;
         }
     }
     cursor = e.last;
-    indexHandle(record);
+    indexHandle(record, head);
     const auto index = static_cast<std::uint32_t>(entities_.size());
     if (e.handle != 0) entityByHandle_.emplace(e.handle, index);
     entities_.push_back(e);
@@ -172,13 +174,12 @@ std::uint32_t Drawing::addEntity(RecordId record, std::int32_t block, RecordId& 
 RecordId Drawing::indexBlocks(RecordId id) {
     std::int32_t current = -1;
     for (; id != kNoRecord; id = doc_.next(id)) {
-        const auto tags = doc_.tags(id);
-        const std::string_view type = tags[0].value;
+        const std::string_view type = doc_.type(id);
         if (type == "ENDSEC") return id;
         if (type == "BLOCK") {
             indexHandle(id);
             Block b;
-            b.name = text(tagValue(tags, 2).value_or(""));
+            b.name = text(tagValue(doc_.tags(id), 2).value_or(""));
             b.record = id;
             current = static_cast<std::int32_t>(blocks_.size());
             blockByName_.emplace(foldName(b.name), current);
@@ -209,8 +210,9 @@ RecordId Drawing::indexEntities(RecordId id) {
 
 RecordId Drawing::indexObjects(RecordId id) {
     for (; id != kNoRecord; id = doc_.next(id)) {
-        if (doc_.type(id) == "ENDSEC") return id;
-        indexHandle(id);
+        const auto head = doc_.head(id);
+        if (head.type.value == "ENDSEC") return id;
+        indexHandle(id, head);
         objects_.push_back(id);
     }
     return kNoRecord;

@@ -174,6 +174,7 @@ private:
     RecordId indexEntities(RecordId first);
     RecordId indexObjects(RecordId first);
     void indexHandle(RecordId id);
+    void indexHandle(RecordId id, const DxfDocument::Head& head);
     std::uint32_t addEntity(RecordId record, std::int32_t block, RecordId& cursor);
 
     // Text and tags

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "cadhost/dxf/DxfText.h"
 #include "cadhost/dxf/GroupCode.h"
 #include "cadhost/dxf/TagValue.h"
 
@@ -79,7 +80,16 @@ bool appendValue(BinaryReader& in, int code, std::string& out) {
             break;
         }
         case ValueKind::String:
-        case ValueKind::Handle: { std::string_view s; if (!in.cstring(s)) return false; out += s; break; }
+        case ValueKind::Handle: {
+            std::string_view s;
+            if (!in.cstring(s)) return false;
+            // A line break inside a binary string would split its text line.
+            if (s.find_first_of("\r\n") == std::string_view::npos)
+                out += s;
+            else
+                out += caretEncode(s);
+            break;
+        }
     }
     out += '\n';
     return true;

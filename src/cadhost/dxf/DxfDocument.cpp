@@ -3,14 +3,50 @@
 #include <charconv>
 
 #include "cadhost/dxf/DxfBinary.h"
+#include "cadhost/dxf/DxfLines.h"
 #include "cadhost/dxf/DxfText.h"
 
 namespace cadhost {
 
+template <class Visit>
+void DxfDocument::readTags(const Record& r, std::uint32_t count, Visit&& visit) const {
+    // The first reading checked every line, so the lines are known to be whole tags.
+    dxflines::LineCursor lines(*bytes_, r.textBegin);
+    std::string_view codeText, value;
+    for (std::uint32_t k = 0; k < count && lines.next(codeText) && lines.next(value); ++k) {
+        int code = 0;
+        dxflines::parseCode(codeText, code);
+        visit(DxfTag{value, code, r.line + 2 * k});
+    }
+}
+
 std::span<const DxfTag> DxfDocument::tags(RecordId id) const {
     const Record& r = records_[id];
     if (r.edited) return r.edited->views;
-    return {tags_.data() + r.firstTag, r.tagCount};
+    if (!r.parsed) {
+        auto parsed = std::make_unique<std::vector<DxfTag>>();
+        parsed->reserve(r.tagCount);
+        readTags(r, r.tagCount, [&](const DxfTag& t) { parsed->push_back(t); });
+        r.parsed = std::move(parsed);
+    }
+    return *r.parsed;
+}
+
+DxfDocument::Head DxfDocument::head(RecordId id) const {
+    const Record& r = records_[id];
+    if (r.edited || r.parsed) {
+        const auto all = tags(id);
+        return {all[0], all.size() > 1 ? std::optional<DxfTag>(all[1]) : std::nullopt};
+    }
+    Head h;
+    std::uint32_t k = 0;
+    readTags(r, std::min<std::uint32_t>(2, r.tagCount), [&](const DxfTag& t) {
+        if (k++ == 0)
+            h.type = t;
+        else
+            h.second = t;
+    });
+    return h;
 }
 
 std::vector<OwnedTag> DxfDocument::copyTags(RecordId id) const {
@@ -101,6 +137,8 @@ std::string DxfDocument::serialize(DxfForm form, bool oneByteCodes) const {
     for (RecordId id = first_; id != kNoRecord; id = records_[id].next) {
         const Record& r = records_[id];
         if (r.erased) continue;
+        // A file cut off inside a line leaves its last record without a line end.
+        if (form == DxfForm::Ascii && !out.empty() && out.back() != '\n' && out.size() > preamble_) out += lineEnding();
         if (r.edited)
             appendTags(out, std::span<const OwnedTag>(r.edited->owned), form, oneByteCodes);
         else if (asRead)

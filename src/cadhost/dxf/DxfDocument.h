@@ -50,8 +50,16 @@ public:
     RecordId previous(RecordId id) const { return records_[id].prev; }
     std::size_t recordCapacity() const { return records_.size(); }
 
+    // The record's tags. A record read from the file is split into tags on first use.
     std::span<const DxfTag> tags(RecordId id) const;
-    std::string_view type(RecordId id) const { return tags(id).front().value; }
+    // The first two tags (the type and, for most records, the handle), read without the
+    // rest of the record; `second` is empty for a record of one tag.
+    struct Head {
+        DxfTag type;
+        std::optional<DxfTag> second;
+    };
+    Head head(RecordId id) const;
+    std::string_view type(RecordId id) const { return head(id).type.value; }
     // The record's tags as owned copies, for editing and writing back with replace().
     std::vector<OwnedTag> copyTags(RecordId id) const;
 
@@ -81,13 +89,18 @@ private:
         std::vector<OwnedTag> owned;
         std::vector<DxfTag> views;   // over `owned`, so edited records read like loaded ones
     };
+    // One allocation-free entry per record while loading; its tags are read when asked for.
     struct Record {
-        std::uint32_t firstTag = 0, tagCount = 0;
-        std::size_t byteBegin = 0, byteEnd = 0;
+        std::size_t textBegin = 0;               // first tag in the text bytes
+        std::size_t byteBegin = 0, byteEnd = 0;  // the record's bytes in source()
+        std::uint32_t line = 0, tagCount = 0;    // line of the first tag
         RecordId prev = kNoRecord, next = kNoRecord;
         bool erased = false;
         std::unique_ptr<Edited> edited;
+        mutable std::unique_ptr<std::vector<DxfTag>> parsed;
     };
+    template <class Visit>
+    void readTags(const Record& r, std::uint32_t count, Visit&& visit) const;
 
     static std::unique_ptr<Edited> makeEdited(std::vector<OwnedTag> tags);
     template <class Tag>
@@ -100,7 +113,6 @@ private:
     std::unique_ptr<std::string> bytes_;
     std::unique_ptr<std::string> binary_;   // the file as read, when it was binary
     std::size_t preamble_ = 0;   // bytes before the first tag (a byte order mark)
-    std::vector<DxfTag> tags_;
     std::vector<Record> records_;
     RecordId first_ = kNoRecord;
     bool crlf_ = false;

@@ -5,6 +5,7 @@
 
 #include "cadhost/dxf/DxfBinary.h"
 #include "cadhost/dxf/DxfDocument.h"
+#include "cadhost/dxf/DxfLines.h"
 #include "cadhost/dxf/GroupCode.h"
 
 namespace cadhost {
@@ -22,18 +23,8 @@ DxfError errorAt(std::size_t line, const std::string& what, const char* advice =
     return {"Line " + std::to_string(line) + ": " + what + "." + advice, line};
 }
 
-std::string_view trimBlanks(std::string_view s) {
-    while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
-    while (!s.empty() && (s.back() == ' ' || s.back() == '\t' || s.back() == '\r')) s.remove_suffix(1);
-    return s;
-}
-
-bool parseCode(std::string_view text, int& code) {
-    text = trimBlanks(text);
-    if (text.empty()) return false;
-    auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), code);
-    return ec == std::errc() && end == text.data() + text.size() && isValidGroupCode(code);
-}
+using dxflines::parseCode;
+using dxflines::trimBlanks;
 
 // A line quoted in a message: control characters and bytes such as NUL would be invisible
 // or cut the message short, so they are shown as escapes.
@@ -119,9 +110,11 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
     const std::string unclosedTable = "a TABLE is not closed with ENDTAB";
     for (RecordId id = first_, next = kNoRecord; id != kNoRecord; id = next) {
         next = records_[id].next;
-        const auto tags = this->tags(id);
-        const std::string type(tags[0].value);
-        const std::size_t line = tags[0].line;
+        // Only the head of each record is read, so that checking stays light on memory.
+        const Head head = this->head(id);
+        const std::string_view type = head.type.value;
+        const std::size_t line = head.type.line;
+        const std::size_t tagCount = records_[id].tagCount;
         if (type == "EOF" || type == "SECTION") {
             if (inTable) {
                 if (!recover) return errorAt(tableLine, unclosedTable);
@@ -132,36 +125,36 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
                 closeSection(id, line);
             }
             if (type == "EOF") return std::nullopt;
-            if (tags.size() < 2 || tags[1].code != 2) {
+            if (!head.second || head.second->code != 2) {
                 if (!recover) return errorAt(line, "a SECTION must be followed by its name (group 2)");
                 erase(id);
                 repaired(line, "A SECTION without its name (group 2) was left out.");
                 continue;
             }
-            section = std::string(tags[1].value);
+            section = std::string(head.second->value);
             sectionLine = line;
             continue;
         }
         if (section.empty()) {
-            if (!recover) return errorAt(line, "\"" + type + "\" stands outside any section");
+            if (!recover) return errorAt(line, "\"" + std::string(type) + "\" stands outside any section");
             if (type == "ENDSEC" || type == "ENDTAB") {
                 erase(id);
-                repaired(line, type + " outside any section was left out.");
+                repaired(line, std::string(type) + " outside any section was left out.");
                 continue;
             }
             section = sectionFor(type);
             sectionLine = line;
             insertBefore(id, {{0, "SECTION"}, {2, section}});
-            repaired(line, "\"" + type + "\" stood outside any section; section " + section + " was opened for it.");
+            repaired(line, "\"" + std::string(type) + "\" stood outside any section; section " + section + " was opened for it.");
         }
         if (type == "ENDSEC") {
             if (inTable) {
                 if (!recover) return errorAt(tableLine, unclosedTable);
                 closeTable(id, line);
             }
-            if (recover && tags.size() > 1) {
+            if (recover && tagCount > 1) {
                 replace(id, {{0, "ENDSEC"}});
-                repaired(line, std::to_string(tags.size() - 1) + " tags after ENDSEC belong to no record and were left out.");
+                repaired(line, std::to_string(tagCount - 1) + " tags after ENDSEC belong to no record and were left out.");
             }
             section.clear();
         } else if (type == "TABLE") {
@@ -180,10 +173,10 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
             }
             inTable = false;
         } else if (recover && section == "TABLES" && !inTable) {
-            insertBefore(id, {{0, "TABLE"}, {2, type}, {70, "0"}});
+            insertBefore(id, {{0, "TABLE"}, {2, std::string(type)}, {70, "0"}});
             inTable = true;
             tableLine = line;
-            repaired(line, "\"" + type + "\" stood outside any table; table " + type + " was opened for it.");
+            repaired(line, "\"" + std::string(type) + "\" stood outside any table; table " + std::string(type) + " was opened for it.");
         }
     }
     if (!recover)
@@ -224,56 +217,47 @@ std::variant<DxfDocument, DxfError> DxfDocument::parse(std::string bytes, DxfRea
     if (bytes.compare(0, 3, "\xef\xbb\xbf") == 0) doc.preamble_ = 3;
 
     doc.bytes_ = std::make_unique<std::string>(std::move(bytes));
-    const char* data = doc.bytes_->data();
     const std::size_t n = doc.bytes_->size();
-    doc.tags_.reserve(n / 14);
-    std::size_t pos = doc.preamble_;
+    doc.records_.reserve(n / 200);
+    dxflines::LineCursor lines(*doc.bytes_, doc.preamble_);
     std::uint32_t line = 1;
     bool sawEof = false, recordOpen = false, junkBefore = false;
     {
-        const void* nl = std::memchr(data + pos, '\n', n - pos);
-        doc.crlf_ = nl && static_cast<const char*>(nl) > data + pos && static_cast<const char*>(nl)[-1] == '\r';
+        std::string_view first;
+        dxflines::LineCursor probe(*doc.bytes_, doc.preamble_);
+        doc.crlf_ = probe.next(first) && probe.pos() >= 2 && (*doc.bytes_)[probe.pos() - 2] == '\r';
     }
-    auto nextLine = [&](std::string_view& text) {
-        if (pos >= n) return false;
-        const void* nl = std::memchr(data + pos, '\n', n - pos);
-        const std::size_t end = nl ? static_cast<const char*>(nl) - data : n;
-        text = std::string_view(data + pos, end - pos);
-        if (!text.empty() && text.back() == '\r') text.remove_suffix(1);
-        pos = nl ? end + 1 : n;
-        return true;
-    };
     // Recover mode: the current record ends before `at`; reading goes on at the next line
-    // that reads as group code 0.
+    // that reads as group code 0 followed by a record type.
     auto skipToNextRecord = [&](std::size_t at, std::uint32_t fromLine, const std::string& why) {
         if (recordOpen) doc.records_.back().byteEnd = sourceOffset(at, tagNo);
         recordOpen = false;
         std::string_view text;
-        std::size_t lineStart = pos;
+        std::size_t lineStart = lines.pos();
         std::uint32_t l = line;
-        while (nextLine(text)) {
+        while (lines.next(text)) {
             if (trimBlanks(text) == "0") {
                 std::string_view type;
-                const std::size_t afterCode = pos;
-                if (nextLine(type) && looksLikeRecordType(type)) {
-                    pos = lineStart;
+                const std::size_t afterCode = lines.pos();
+                if (lines.next(type) && looksLikeRecordType(type)) {
+                    lines.seek(lineStart);
                     break;
                 }
-                pos = afterCode;
+                lines.seek(afterCode);
             }
             ++l;
-            lineStart = pos;
+            lineStart = lines.pos();
         }
         line = l;
         doc.repaired(fromLine, why + "; lines " + std::to_string(fromLine) + " to " + std::to_string(l - 1) +
                                    " were left out.");
     };
-    while (pos < n && !sawEof) {
-        const std::size_t tagStart = pos;
+    while (!lines.atEnd() && !sawEof) {
+        const std::size_t tagStart = lines.pos();
         const std::uint32_t codeLine = line;
         std::string_view codeText, value;
-        nextLine(codeText);
-        if (doc.records_.empty() && trimBlanks(codeText).empty() && pos >= n) break;
+        lines.next(codeText);
+        if (doc.records_.empty() && trimBlanks(codeText).empty() && lines.atEnd()) break;
         int code = 0;
         if (!parseCode(codeText, code)) {
             const std::string what = "a DXF group code (a whole number from -5 to 1071) was expected, but the line reads \"" +
@@ -283,7 +267,7 @@ std::variant<DxfDocument, DxfError> DxfDocument::parse(std::string bytes, DxfRea
             skipToNextRecord(tagStart, codeLine, "Line " + std::to_string(codeLine) + ": " + what);
             continue;
         }
-        if (!nextLine(value)) {
+        if (!lines.next(value)) {
             const std::string what = "group code " + std::to_string(code) + " has no value line; the file is truncated";
             if (!recover) return errorAt(codeLine, what, kTruncated);
             if (recordOpen) doc.records_.back().byteEnd = sourceOffset(tagStart, tagNo);
@@ -301,23 +285,25 @@ std::variant<DxfDocument, DxfError> DxfDocument::parse(std::string bytes, DxfRea
                 ++tagNo;
                 continue;
             }
-            if (!junkBefore) doc.preamble_ = sourceOffset(pos, tagNo + 1);   // leading comments are kept as bytes
+            if (!junkBefore) doc.preamble_ = sourceOffset(lines.pos(), tagNo + 1);   // leading comments are kept as bytes
             ++tagNo;
             continue;
         }
-        if (doc.records_.empty() && code == 0) doc.padCodes_ = codeText.starts_with(' ');
         if (code == 0) {
+            if (doc.records_.empty()) doc.padCodes_ = codeText.starts_with(' ');
             if (recordOpen) doc.records_.back().byteEnd = sourceOffset(tagStart, tagNo);
-            Record r;
-            r.firstTag = static_cast<std::uint32_t>(doc.tags_.size());
+            Record& r = doc.records_.emplace_back();
+            r.textBegin = tagStart;
             r.byteBegin = sourceOffset(tagStart, tagNo);
-            r.prev = doc.records_.empty() ? kNoRecord : static_cast<RecordId>(doc.records_.size() - 1);
-            if (!doc.records_.empty()) doc.records_.back().next = static_cast<RecordId>(doc.records_.size());
-            doc.records_.push_back(std::move(r));
+            r.line = codeLine;
+            const auto id = static_cast<RecordId>(doc.records_.size() - 1);
+            if (id > 0) {
+                r.prev = id - 1;
+                doc.records_[id - 1].next = id;
+            }
             recordOpen = true;
             sawEof = value == "EOF";
         }
-        doc.tags_.push_back({value, code, codeLine});
         ++doc.records_.back().tagCount;
         ++tagNo;
     }

@@ -29,7 +29,7 @@ TEST(ReadErrors, EachFaultIsNamedWithItsLine) {
         {"  8\nLAYER\n  0\nEOF\n", "Line 1: the file must begin with 0 SECTION"},
         {"  0\nSECTION\n  2\nTABLES\n  0\nTABLE\n  2\nLAYER\n  0\nENDSEC\n  0\nEOF\n", "Line 5: a TABLE is not closed"},
         {"\xff\xfe\x30\x00", "UTF-16"},
-        {kGood.substr(0, kGood.size() - 10), "no end-of-file marker"},
+        {kGood.substr(0, kGood.size() - 10), "Line 12: the file ends here with no end-of-file marker"},
     };
     for (const Case& c : cases) {
         const std::string message = errorOf(c.bytes);

@@ -4,6 +4,7 @@
 
 #include "cadhost/drawing/DxfTestSupport.h"
 #include "cadhost/dxf/DxfBinary.h"
+#include "cadhost/dxf/DxfText.h"
 
 namespace cadhost {
 namespace {
@@ -131,6 +132,25 @@ TEST(RoundTrip, BinaryAndTextFormsConvertBothWays) {
     // The form chosen last is the one a plain save keeps.
     ASSERT_FALSE(fromText.save(dir.file("again.dxf")));
     EXPECT_TRUE(isBinaryDxf(readBytes(dir.file("again.dxf"))));
+}
+
+TEST(RoundTrip, TheWriterNeverBreaksAValueLine) {
+    const std::string bytes = "  0\nSECTION\n  2\nENTITIES\n  0\nTEXT\n  8\n0\n  0\nENDSEC\n  0\nEOF\n";
+    for (const DxfForm form : {DxfForm::Ascii, DxfForm::Binary}) {
+        auto doc = std::get<DxfDocument>(DxfDocument::parse(bytes));
+        const RecordId text = doc.next(doc.first());
+        doc.replace(text, {{0, "TEXT"}, {8, "a\nb"}, {1, "c\r\nd^J"}});
+        auto again = DxfDocument::parse(doc.serialize(form));
+        ASSERT_TRUE(std::holds_alternative<DxfDocument>(again)) << std::get<DxfError>(again).message;
+        const auto& read = std::get<DxfDocument>(again);
+        const auto tags = read.tags(read.next(read.first()));
+        ASSERT_EQ(tags.size(), 3u);
+        EXPECT_EQ(caretDecode(tags[1].value), "a\nb");
+        if (form == DxfForm::Ascii) {
+            EXPECT_EQ(tags[2].value, "c^M^Jd^ J");
+        }
+        EXPECT_EQ(caretDecode(tags[2].value), "c\r\nd^J");
+    }
 }
 
 }  // namespace
