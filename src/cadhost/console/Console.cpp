@@ -35,8 +35,9 @@ std::optional<OpenedDrawing> openDrawing(const ConsoleOptions& o) {
         }
         auto& recovered = std::get<RecoveredDrawing>(result);
         for (const DxfRepair& r : recovered.repairs) std::cout << "Line " << r.line << ": " << r.what << '\n';
-        std::cout << (recovered.repairs.empty() ? std::string("The drawing needed no repair.\n")
-                                                : std::to_string(recovered.repairs.size()) + " repairs made.\n");
+        const std::size_t n = recovered.repairs.size();
+        std::cout << (n == 0 ? std::string("The drawing needed no repair.\n")
+                             : std::to_string(n) + (n == 1 ? " repair" : " repairs") + " made.\n");
         return OpenedDrawing{std::move(recovered.drawing), true};
     }
     auto opened = Drawing::open(*o.drawing);

@@ -71,9 +71,13 @@ std::variant<Drawing, std::string> Drawing::load(std::string bytes, const std::s
 }
 
 void Drawing::index() {
+    // At most one entity and one handle per record; reserving spares the rehashing.
+    byHandle_.reserve(doc_.recordCapacity());
+    entityByHandle_.reserve(doc_.recordCapacity());
+    entities_.reserve(doc_.recordCapacity());
     for (RecordId id = doc_.first(); id != kNoRecord; id = doc_.next(id)) {
+        if (doc_.type(id) != "SECTION") continue;
         const auto head = doc_.head(id);
-        if (head.type.value != "SECTION") continue;
         const std::string_view name = head.second->value;   // the structure check made sure of it
         if (name == "HEADER") {
             header_ = id;
@@ -155,10 +159,9 @@ std::uint32_t Drawing::addEntity(RecordId record, std::int32_t block, RecordId& 
     // Vertices and attributes are part of their POLYLINE or INSERT, up to SEQEND.
     if (type == "POLYLINE" || type == "INSERT") {
         for (RecordId n = doc_.next(record); n != kNoRecord; n = doc_.next(n)) {
-            const auto subHead = doc_.head(n);
-            const std::string_view sub = subHead.type.value;
+            const std::string_view sub = doc_.type(n);
             if (sub != "VERTEX" && sub != "ATTRIB" && sub != "SEQEND") break;
-            indexHandle(n, subHead);
+            indexHandle(n);
             e.last = n;
             if (sub == "SEQEND") break;
         }
@@ -210,9 +213,8 @@ RecordId Drawing::indexEntities(RecordId id) {
 
 RecordId Drawing::indexObjects(RecordId id) {
     for (; id != kNoRecord; id = doc_.next(id)) {
-        const auto head = doc_.head(id);
-        if (head.type.value == "ENDSEC") return id;
-        indexHandle(id, head);
+        if (doc_.type(id) == "ENDSEC") return id;
+        indexHandle(id);
         objects_.push_back(id);
     }
     return kNoRecord;

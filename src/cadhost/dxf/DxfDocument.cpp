@@ -32,6 +32,11 @@ std::span<const DxfTag> DxfDocument::tags(RecordId id) const {
     return *r.parsed;
 }
 
+std::string_view DxfDocument::type(RecordId id) const {
+    const Record& r = records_[id];
+    return r.edited ? r.edited->views.front().value : r.type;
+}
+
 DxfDocument::Head DxfDocument::head(RecordId id) const {
     const Record& r = records_[id];
     if (r.edited || r.parsed) {
@@ -134,18 +139,32 @@ std::string DxfDocument::serialize(DxfForm form, bool oneByteCodes) const {
         out.append(source, 0, preamble_);
     else if (form == DxfForm::Binary)
         out += binaryDxfSentinel();
+    // Untouched records that follow each other in the file are copied in one piece.
+    std::size_t runBegin = 0, runEnd = 0;
+    auto flush = [&] {
+        out.append(source.data() + runBegin, runEnd - runBegin);
+        runBegin = runEnd = 0;
+    };
     for (RecordId id = first_; id != kNoRecord; id = records_[id].next) {
         const Record& r = records_[id];
         if (r.erased) continue;
+        if (asRead && !r.edited && runEnd == r.byteBegin && runEnd != 0) {
+            runEnd = r.byteEnd;
+            continue;
+        }
+        flush();
         // A file cut off inside a line leaves its last record without a line end.
         if (form == DxfForm::Ascii && !out.empty() && out.back() != '\n' && out.size() > preamble_) out += lineEnding();
-        if (r.edited)
+        if (r.edited) {
             appendTags(out, std::span<const OwnedTag>(r.edited->owned), form, oneByteCodes);
-        else if (asRead)
-            out.append(source.data() + r.byteBegin, r.byteEnd - r.byteBegin);
-        else
+        } else if (asRead) {
+            runBegin = r.byteBegin;
+            runEnd = r.byteEnd;
+        } else {
             appendTags(out, tags(id), form, oneByteCodes);
+        }
     }
+    flush();
     return out;
 }
 

@@ -59,7 +59,7 @@ public:
         std::optional<DxfTag> second;
     };
     Head head(RecordId id) const;
-    std::string_view type(RecordId id) const { return head(id).type.value; }
+    std::string_view type(RecordId id) const;
     // The record's tags as owned copies, for editing and writing back with replace().
     std::vector<OwnedTag> copyTags(RecordId id) const;
 
@@ -91,6 +91,7 @@ private:
     };
     // One allocation-free entry per record while loading; its tags are read when asked for.
     struct Record {
+        std::string_view type;                   // value of the group 0 tag, kept as it is asked often
         std::size_t textBegin = 0;               // first tag in the text bytes
         std::size_t byteBegin = 0, byteEnd = 0;  // the record's bytes in source()
         std::uint32_t line = 0, tagCount = 0;    // line of the first tag

@@ -110,10 +110,10 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
     const std::string unclosedTable = "a TABLE is not closed with ENDTAB";
     for (RecordId id = first_, next = kNoRecord; id != kNoRecord; id = next) {
         next = records_[id].next;
-        // Only the head of each record is read, so that checking stays light on memory.
-        const Head head = this->head(id);
-        const std::string_view type = head.type.value;
-        const std::size_t line = head.type.line;
+        // Only the type of each record is read, and the head of a section's, so that
+        // checking stays light on memory and time.
+        const std::string_view type = this->type(id);
+        const std::size_t line = records_[id].line;
         const std::size_t tagCount = records_[id].tagCount;
         if (type == "EOF" || type == "SECTION") {
             if (inTable) {
@@ -125,6 +125,7 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
                 closeSection(id, line);
             }
             if (type == "EOF") return std::nullopt;
+            const Head head = this->head(id);
             if (!head.second || head.second->code != 2) {
                 if (!recover) return errorAt(line, "a SECTION must be followed by its name (group 2)");
                 erase(id);
@@ -218,7 +219,9 @@ std::variant<DxfDocument, DxfError> DxfDocument::parse(std::string bytes, DxfRea
 
     doc.bytes_ = std::make_unique<std::string>(std::move(bytes));
     const std::size_t n = doc.bytes_->size();
-    doc.records_.reserve(n / 200);
+    // Reserved room is not resident until used, so a generous guess costs nothing and
+    // saves the copies of a growing vector.
+    doc.records_.reserve(n / 16 + 16);
     dxflines::LineCursor lines(*doc.bytes_, doc.preamble_);
     std::uint32_t line = 1;
     bool sawEof = false, recordOpen = false, junkBefore = false;
@@ -294,6 +297,7 @@ std::variant<DxfDocument, DxfError> DxfDocument::parse(std::string bytes, DxfRea
             if (recordOpen) doc.records_.back().byteEnd = sourceOffset(tagStart, tagNo);
             Record& r = doc.records_.emplace_back();
             r.textBegin = tagStart;
+            r.type = value;
             r.byteBegin = sourceOffset(tagStart, tagNo);
             r.line = codeLine;
             const auto id = static_cast<RecordId>(doc.records_.size() - 1);
