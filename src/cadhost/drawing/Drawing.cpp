@@ -53,6 +53,7 @@ std::variant<RecoveredDrawing, std::string> Drawing::recoverFromBytes(std::strin
     if (auto* e = std::get_if<std::string>(&loaded)) return *e;
     Drawing& d = std::get<Drawing>(loaded);
     std::vector<DxfRepair> repairs = d.doc_.repairs();
+    repairs.insert(repairs.end(), d.findings_.begin(), d.findings_.end());
     return RecoveredDrawing{std::move(d), std::move(repairs)};
 }
 
@@ -141,8 +142,10 @@ RecordId Drawing::indexTables(RecordId id) {
             current = nullptr;
         } else if (current) {
             current->records.push_back(id);
-            if (type == "LAYER")
+            if (type == "LAYER") {
                 if (const auto name = tagValue(tags, 2)) layerByName_.emplace(foldName(text(*name)), id);
+                auditLayerNumbers(tags);
+            }
         }
     }
     return kNoRecord;

@@ -63,7 +63,7 @@ public:
     // Reads DXF bytes; `path` only sets DWGNAME and DWGPREFIX.
     static std::variant<Drawing, std::string> fromBytes(std::string bytes, const std::string& path = {});
     // Reads a damaged or truncated file as far as it can, mending its structure; the
-    // result lists every repair. What cannot be read at all (no DXF, not a regular
+    // result lists every repair, and layer numbers out of range as an audit reports them. What cannot be read at all (no DXF, not a regular
     // file) is still refused.
     static std::variant<RecoveredDrawing, std::string> recover(const std::string& path);
     static std::variant<RecoveredDrawing, std::string> recoverFromBytes(std::string bytes, const std::string& path = {});
@@ -201,6 +201,8 @@ private:
     RecordId addTableRecord(std::string_view table, std::vector<OwnedTag> tags);
     std::string tableHandle(std::string_view table) const;
     ardo::LayerRecord layerFromTags(std::span<const DxfTag> tags) const;
+    // Numbers of a layer record that are out of range are noted as an audit reports them.
+    void auditLayerNumbers(std::span<const DxfTag> tags);
     std::vector<OwnedTag> layerTags(const ardo::LayerRecord& record) const;
     RecordId ensureTextStyle(std::string_view name, std::string_view font, bool shapeFile);
 
@@ -236,6 +238,7 @@ private:
     std::vector<RecordId> objects_;
     Handle nextHandle_ = 0;
     bool handSeedChanged_ = false;
+    std::vector<DxfRepair> findings_;   // values read differently from the file, with their lines
     DxfForm form_ = DxfForm::Ascii;
     int cmdEcho_ = 1, fileDia_ = 1, cmdActive_ = 0, lwUnits_ = 1, lwDefault_ = 25;
 };

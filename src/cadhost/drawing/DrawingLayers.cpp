@@ -124,6 +124,19 @@ RecordId Drawing::addTableRecord(std::string_view tableName, std::vector<OwnedTa
     return id;
 }
 
+void Drawing::auditLayerNumbers(std::span<const DxfTag> tags) {
+    const std::string name = text(tagValue(tags, 2).value_or(""));
+    for (const DxfTag& t : tags) {
+        if (t.code == 1001) break;
+        const char* what = nullptr;
+        if (t.code == 62 && toIntegerWithin(t.value, -255, 255).value_or(0) == 0) what = "colour; it reads as 7";
+        if (t.code == 70 && !toIntegerWithin(t.value, INT16_MIN, INT16_MAX)) what = "flags value; it reads as 0";
+        if (t.code == 370 && !toIntegerWithin(t.value, INT16_MIN, INT16_MAX)) what = "lineweight; it reads as by default";
+        if (what)
+            findings_.push_back({t.line, "Layer \"" + name + "\": \"" + std::string(t.value.substr(0, 40)) + "\" is no valid " + what + "."});
+    }
+}
+
 LayerRecord Drawing::layerFromTags(std::span<const DxfTag> tags) const {
     LayerRecord r;
     r.plotStyleName = "Normal";

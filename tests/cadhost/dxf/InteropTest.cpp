@@ -128,8 +128,10 @@ TEST_F(Interop, CorpusDrawingsWithANewLayerPassTheAuditWithNoNewErrors) {
         args.push_back(path.string());
         args.push_back(saved);
     }
-    // The original is audited as ezdxf's recovery reads it (some are damaged on purpose); the
-    // saved file must read normally and show no error code the original did not have.
+    // The original is audited as ezdxf's recovery reads it (some are damaged on purpose in
+    // ways only a full audit repairs; a few ezdxf cannot read at all, and they are left out).
+    // A saved file must read as the original does (normally, where the original does) and
+    // show no error code the original did not have.
     const char* script =
         "import sys, ezdxf\n"
         "from ezdxf import recover\n"
@@ -138,10 +140,14 @@ TEST_F(Interop, CorpusDrawingsWithANewLayerPassTheAuditWithNoNewErrors) {
         "        doc = recover.readfile(path)[0] if rescue else ezdxf.readfile(path)\n"
         "        return set(e.code for e in doc.audit().errors)\n"
         "    except Exception as ex:\n"
-        "        return None if not rescue else set()\n"
+        "        return None\n"
         "a = sys.argv[1:]\n"
         "for original, saved in zip(a[0::2], a[1::2]):\n"
-        "    before, after = codes(original, True), codes(saved, False)\n"
+        "    normal, before = codes(original, False), codes(original, True)\n"
+        "    if before is None: before = normal\n"   // ezdxf's recovery reads no binary DXF
+        "    normal = normal is not None\n"
+        "    if before is None: print('BEYOND EZDXF', original); continue\n"
+        "    after = codes(saved, not normal)\n"
         "    if after is None: print('UNREADABLE', saved)\n"
         "    elif after - before: print('NEW', saved, sorted(after - before))\n"
         "print('checked', len(a) // 2)\n";
@@ -150,6 +156,10 @@ TEST_F(Interop, CorpusDrawingsWithANewLayerPassTheAuditWithNoNewErrors) {
     EXPECT_NE(r.output.find("checked " + std::to_string(files.size())), std::string::npos) << r.output;
     EXPECT_EQ(r.output.find("UNREADABLE"), std::string::npos) << r.output;
     EXPECT_EQ(r.output.find("NEW"), std::string::npos) << r.output;
+    // Only the six the corpus notes as beyond ezdxf's recovery are left out.
+    std::size_t beyond = 0;
+    for (auto at = r.output.find("BEYOND EZDXF"); at != std::string::npos; at = r.output.find("BEYOND EZDXF", at + 1)) ++beyond;
+    EXPECT_LE(beyond, 6u) << r.output;
 }
 
 }  // namespace
