@@ -30,4 +30,11 @@ LoadedModule::LoadedModule(void* handle, EntryPoint entry, std::string path)
 
 LoadedModule::~LoadedModule() { dlclose(handle_); }
 
+std::string LoadedModule::version() const {
+    using VersionFunction = const char* (*)();
+    auto function = reinterpret_cast<VersionFunction>(dlsym(handle_, "ardoModuleVersion"));
+    const char* text = function ? function() : nullptr;
+    return text ? text : "";
+}
+
 }  // namespace cadhost

@@ -4,16 +4,64 @@
 
 namespace cadhost::console {
 
-const char* const kUsage =
-    "usage: ardo-cad [drawing.dxf] [-e EXPR]... [-s script.lsp]... [-o out.dxf]\n"
-    "                [--answer yes|no|ok|cancel]... [--no-module | --module PATH] [--recover]\n"
-    "  -e EXPR      evaluate a LISP expression after start-up (repeatable)\n"
-    "  -s FILE      run a script of LISP expressions and command lines (repeatable)\n"
-    "  -o FILE      save the drawing as DXF at the end\n"
-    "  --answer A   answer the next message box in script mode (repeatable, in order)\n"
-    "  --module P   load this module instead of ardo.arx beside ardo-cad\n"
-    "  --no-module  load no module\n"
-    "  --recover    open a damaged drawing as far as it can be read and list the repairs\n";
+namespace {
+
+constexpr std::size_t kTextColumn = 20;
+
+// A new option is one row here and one branch in parseOptions.
+constexpr OptionRow kOptions[] = {
+    {"-e", "EXPR", true, "evaluate a LISP expression after start-up"},
+    {"-s", "FILE", true, "run a script of LISP expressions and command lines"},
+    {"-o", "FILE", false, "save the drawing as DXF at the end"},
+    {"--answer", "yes|no|ok|cancel", true, "answer the next message box in script mode, in the order given"},
+    {"--module", "PATH", false, "load this module instead of ardo.arx beside ardo-cad"},
+    {"--no-module", "", false, "load no module"},
+    {"--recover", "", false, "open a damaged drawing as far as it can be read and list the repairs"},
+    {"--version", "", false, "print the program, module and DXF versions and exit"},
+    {"-h, --help", "", false, "print this help and exit"},
+};
+
+std::string synopsisItem(const OptionRow& row) {
+    std::string item = "[" + synopsisName(row);
+    if (*row.value) item += std::string(" ") + row.value;
+    return item + (row.repeatable ? "]..." : "]");
+}
+
+}  // namespace
+
+std::span<const OptionRow> optionTable() { return kOptions; }
+
+std::string synopsisName(const OptionRow& row) {
+    const std::string names = row.names;
+    const auto comma = names.rfind(", ");
+    return comma == std::string::npos ? names : names.substr(comma + 2);
+}
+
+const char* const kOperands = "[drawing.dxf]";
+
+std::string usageText() {
+    std::string text = std::string("usage: ardo-cad ") + kOperands;
+    std::size_t column = text.size();
+    for (const OptionRow& row : kOptions) {
+        const std::string item = synopsisItem(row);
+        if (column + 1 + item.size() > 78) {
+            text += "\n               ";
+            column = 15;
+        }
+        text += " " + item;
+        column += 1 + item.size();
+    }
+    text += "\n";
+    for (const OptionRow& row : kOptions) {
+        std::string left = std::string("  ") + row.names;
+        if (*row.value) left += std::string(" ") + row.value;
+        // A long option and value get the text on a line of its own.
+        left = left.size() + 2 > kTextColumn ? left + "\n" + std::string(kTextColumn, ' ')
+                                              : left + std::string(kTextColumn - left.size(), ' ');
+        text += left + row.text + (row.repeatable ? " (repeatable)" : "") + "\n";
+    }
+    return text;
+}
 
 std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::string>& args) {
     ConsoleOptions o;
@@ -22,6 +70,8 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
         auto value = [&]() -> const std::string* { return i + 1 < args.size() ? &args[++i] : nullptr; };
         if (a == "-h" || a == "--help") {
             o.help = true;
+        } else if (a == "--version") {
+            o.version = true;
         } else if (a == "--no-module") {
             o.noModule = true;
         } else if (a == "--recover") {

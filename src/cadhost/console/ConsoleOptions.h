@@ -1,8 +1,8 @@
 #pragma once
-// The command line of ardo-cad:
-//   ardo-cad [drawing.dxf] [-e EXPR]... [-s script.lsp]... [-o out.dxf]
-//            [--answer yes|no|ok|cancel]... [--no-module | --module PATH] [--recover]
+// The command line of ardo-cad. The option table below is the one description of the options:
+// the parser's help text and the man page are both made from it.
 #include <optional>
+#include <span>
 #include <string>
 #include <variant>
 #include <vector>
@@ -25,11 +25,28 @@ struct ConsoleOptions {
     bool noModule = false;
     std::optional<std::string> module;
     bool help = false;
+    bool version = false;
     bool recover = false;   // open a damaged drawing, listing the repairs
 };
 
+// One row of the option table: its spellings ("-h, --help"), the name of its value (empty
+// for a switch), whether it may be given more than once, and what it does.
+struct OptionRow {
+    const char* names;
+    const char* value;
+    bool repeatable;
+    const char* text;
+};
+
+std::span<const OptionRow> optionTable();
+// The spelling the synopsis shows: the last one, "--help" for "-h, --help".
+std::string synopsisName(const OptionRow& row);
+// The operands after the options, as the synopsis shows them.
+extern const char* const kOperands;
+// "usage: ..." and one line per option, as --help prints it.
+std::string usageText();
+
 // The options, or a message saying what is wrong.
 std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::string>& args);
-extern const char* const kUsage;
 
 }  // namespace cadhost::console

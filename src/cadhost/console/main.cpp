@@ -6,6 +6,7 @@
 #include <new>
 
 #include "cadhost/console/Console.h"
+#include "cadhost/console/VersionText.h"
 
 namespace {
 
@@ -23,16 +24,21 @@ int main(int argc, char** argv) {
     using namespace cadhost::console;
     const auto parsed = parseOptions(std::vector<std::string>(argv + 1, argv + argc));
     if (const auto* error = std::get_if<std::string>(&parsed)) {
-        std::cerr << "ardo-cad: " << *error << '\n' << kUsage;
+        std::cerr << "ardo-cad: " << *error << '\n' << usageText();
         return 2;
     }
     const ConsoleOptions& options = std::get<ConsoleOptions>(parsed);
     if (options.help) {
-        std::cout << kUsage;
+        std::cout << usageText();
+        return 0;
+    }
+    const std::string folder = programFolder(argv[0]);
+    if (options.version) {
+        std::cout << versionText(modulePath(options, folder));
         return 0;
     }
     try {
-        return runConsole(options, programFolder(argv[0]));
+        return runConsole(options, folder);
     } catch (const std::bad_alloc&) {
         // Nothing was saved; say so instead of aborting.
         std::cerr << "ardo-cad: out of memory; the work was stopped and nothing was saved. Close other programs "

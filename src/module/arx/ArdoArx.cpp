@@ -23,3 +23,6 @@ extern "C" __attribute__((visibility("default"))) int acrxEntryPoint(int message
 
 // The host's API version this module was built against.
 extern "C" __attribute__((visibility("default"))) int acrxGetApiVersion() { return 18; }
+
+// The version the module was built as, for the host's --version.
+extern "C" __attribute__((visibility("default"))) const char* ardoModuleVersion() { return ARDO_VERSION; }
