@@ -139,18 +139,18 @@ std::optional<Run> measure(const ardo::test::TempFolder& dir, int entities) {
     auto opened = cadhost::Drawing::open(file.string());
     run.load = seconds(t);
     run.loadCpu = cpuSeconds() - cpu;
-    if (auto* e = std::get_if<std::string>(&opened)) {
-        std::fprintf(stderr, "%s\n", e->c_str());
+    if (!opened) {
+        std::fprintf(stderr, "%s\n", opened.error().c_str());
         return std::nullopt;
     }
-    cadhost::Drawing& d = std::get<cadhost::Drawing>(opened);
+    cadhost::Drawing& d = *opened;
     run.peakAboveMb = peakRssMb() - rssBefore;
     run.entities = d.entityCount();
 
     t = Clock::now();
     cpu = cpuSeconds();
-    if (auto e = d.save(saved.string())) {
-        std::fprintf(stderr, "%s\n", e->c_str());
+    if (const ardo::Status s = d.save(saved.string()); !s) {
+        std::fprintf(stderr, "%s\n", s.error().c_str());
         return std::nullopt;
     }
     run.save = seconds(t);

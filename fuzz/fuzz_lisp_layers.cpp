@@ -9,7 +9,8 @@
 #include <filesystem>
 #include <string>
 
-#include "cadhost/app/CadHost.h"
+#include "cadhost/app/Application.h"
+#include "cadhost/app/ConsoleInterface.h"
 #include "cadhost/lisp/StackGuard.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
@@ -21,15 +22,17 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    cadhost::CadHost host(cadhost::Drawing(), false, [](std::string_view) {});
-    host.lisp().evaluate("(command \"-LAYER\" \"N\" \"Wände,A-B,Plan#1\" \"\")");
+    cadhost::ConsoleInterface ui([](std::string_view) {});
+    cadhost::Application app(ui);
+    app.addDocument(cadhost::Drawing(), false);
+    app.lisp().evaluate("(command \"-LAYER\" \"N\" \"Wände,A-B,Plan#1\" \"\")");
     cadhost::lisp::StackScope scope;
-    host.lisp().evaluate(std::string_view(reinterpret_cast<const char*>(data), size));
+    app.lisp().evaluate(std::string_view(reinterpret_cast<const char*>(data), size));
     std::size_t layers = 0;
-    host.drawing().forEachLayer([&](const ardo::LayerRecord&) { return ++layers, true; });
-    auto again = cadhost::Drawing::fromBytes(host.drawing().toDxf());
-    auto* read = std::get_if<cadhost::Drawing>(&again);
-    if (!read) __builtin_trap();
+    app.drawing().forEachLayer([&](const ardo::LayerRecord&) { return ++layers, true; });
+    auto again = cadhost::Drawing::fromBytes(app.drawing().toDxf());
+    if (!again) __builtin_trap();
+    cadhost::Drawing* read = &*again;
     std::size_t readLayers = 0;
     read->forEachLayer([&](const ardo::LayerRecord&) { return ++readLayers, true; });
     if (readLayers != layers) __builtin_trap();

@@ -22,8 +22,8 @@ std::string drawingPath(const Drawing& drawing) {
 }
 
 Step saveTo(Context& context, const std::string& path, DxfForm form) {
-    if (const auto error = context.drawing->save(path, form)) {
-        context.message(*error + "\n");
+    if (const ardo::Status saved = context.drawing->save(path, form); !saved) {
+        context.message(saved.error() + "\n");
         return Step::Refused;
     }
     return Step::Done;

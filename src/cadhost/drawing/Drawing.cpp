@@ -32,42 +32,42 @@ Drawing::~Drawing() = default;
 Drawing::Drawing(Drawing&&) noexcept = default;
 Drawing& Drawing::operator=(Drawing&&) noexcept = default;
 
-std::variant<Drawing, std::string> Drawing::open(const std::string& path) {
+ardo::Result<Drawing> Drawing::open(const std::string& path) {
     auto bytes = readDrawingFile(path);
-    if (auto* e = std::get_if<DxfError>(&bytes)) return e->message;
+    if (auto* e = std::get_if<DxfError>(&bytes)) return ardo::Error{e->message};
     return load(std::move(std::get<std::string>(bytes)), path, DxfReadMode::Strict);
 }
 
-std::variant<Drawing, std::string> Drawing::fromBytes(std::string bytes, const std::string& path) {
+ardo::Result<Drawing> Drawing::fromBytes(std::string bytes, const std::string& path) {
     return load(std::move(bytes), path, DxfReadMode::Strict);
 }
 
-std::variant<RecoveredDrawing, std::string> Drawing::recover(const std::string& path) {
+ardo::Result<RecoveredDrawing> Drawing::recover(const std::string& path) {
     auto bytes = readDrawingFile(path);
-    if (auto* e = std::get_if<DxfError>(&bytes)) return e->message;
+    if (auto* e = std::get_if<DxfError>(&bytes)) return ardo::Error{e->message};
     return recoverFromBytes(std::move(std::get<std::string>(bytes)), path);
 }
 
-std::variant<RecoveredDrawing, std::string> Drawing::recoverFromBytes(std::string bytes, const std::string& path) {
+ardo::Result<RecoveredDrawing> Drawing::recoverFromBytes(std::string bytes, const std::string& path) {
     auto loaded = load(std::move(bytes), path, DxfReadMode::Recover);
-    if (auto* e = std::get_if<std::string>(&loaded)) return *e;
-    Drawing& d = std::get<Drawing>(loaded);
+    if (!loaded) return ardo::Error{loaded.error()};
+    Drawing& d = *loaded;
     std::vector<DxfRepair> repairs = d.doc_.repairs();
     repairs.insert(repairs.end(), d.findings_.begin(), d.findings_.end());
     return RecoveredDrawing{std::move(d), std::move(repairs)};
 }
 
-std::variant<Drawing, std::string> Drawing::load(std::string bytes, const std::string& path, DxfReadMode mode) {
+ardo::Result<Drawing> Drawing::load(std::string bytes, const std::string& path, DxfReadMode mode) {
     const std::string where = path.empty() ? std::string("DXF") : "\"" + path + "\"";
     try {
         auto parsed = DxfDocument::parse(std::move(bytes), mode);
-        if (auto* e = std::get_if<DxfError>(&parsed)) return "Cannot open " + where + ". " + e->message;
+        if (auto* e = std::get_if<DxfError>(&parsed)) return ardo::Error{"Cannot open " + where + ". " + e->message};
         Drawing d(std::move(std::get<DxfDocument>(parsed)));
         d.index();
         d.setPath(path);
         return d;
     } catch (const std::bad_alloc&) {
-        return "Cannot open " + where + ": there is not enough memory for it. Close other programs and try again.";
+        return ardo::Error{"Cannot open " + where + ": there is not enough memory for it. Close other programs and try again."};
     }
 }
 
@@ -90,6 +90,7 @@ void Drawing::index() {
             id = indexBlocks(doc_.next(id));
         } else if (name == "ENTITIES") {
             id = indexEntities(doc_.next(id));
+            entitiesEnd_ = id;
         } else if (name == "OBJECTS") {
             id = indexObjects(doc_.next(id));
             objectsEnd_ = id;
@@ -251,19 +252,19 @@ std::string Drawing::toDxf() {
     return doc_.serialize(form_, isR12());
 }
 
-std::optional<std::string> Drawing::save(const std::string& path) { return save(path, form_); }
+ardo::Status Drawing::save(const std::string& path) { return save(path, form_); }
 
-std::optional<std::string> Drawing::save(const std::string& path, DxfForm form) {
+ardo::Status Drawing::save(const std::string& path, DxfForm form) {
     const DxfForm before = form_;
     form_ = form;
     errno = 0;
     if (!ardo::replaceFile(path, toDxf())) {
         form_ = before;
-        return "Cannot save \"" + path + "\": " + (errno ? std::strerror(errno) : "the file is read-only") +
-               ". The file was left as it was; check the folder's access rights and free space.";
+        return ardo::Error{"Cannot save \"" + path + "\": " + (errno ? std::strerror(errno) : "the file is read-only") +
+                           ". The file was left as it was; check the folder's access rights and free space."};
     }
     setPath(path);
-    return std::nullopt;
+    return {};
 }
 
 }  // namespace cadhost

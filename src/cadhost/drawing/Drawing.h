@@ -18,9 +18,11 @@
 #include <variant>
 #include <vector>
 
+#include "cadhost/drawing/DrawingListener.h"
 #include "cadhost/drawing/Geometry.h"
 #include "cadhost/dxf/DxfDocument.h"
 #include "cadhost/dxf/DxfText.h"
+#include "base/Result.h"
 #include "boundary/HostDrawing.h"
 #include "boundary/ResBuf.h"
 
@@ -58,28 +60,32 @@ public:
     Drawing& operator=(Drawing&&) noexcept;
 
     // Reads a DXF file (ASCII or binary). Only regular files are read. On failure the
-    // result is a message for the user naming the file, the line and what to do.
-    static std::variant<Drawing, std::string> open(const std::string& path);
+    // message for the user names the file, the line and what to do.
+    static ardo::Result<Drawing> open(const std::string& path);
     // Reads DXF bytes; `path` only sets DWGNAME and DWGPREFIX.
-    static std::variant<Drawing, std::string> fromBytes(std::string bytes, const std::string& path = {});
+    static ardo::Result<Drawing> fromBytes(std::string bytes, const std::string& path = {});
     // Reads a damaged or truncated file as far as it can, mending its structure; the
-    // result lists every repair, and layer numbers out of range as an audit reports them. What cannot be read at all (no DXF, not a regular
-    // file) is still refused.
-    static std::variant<RecoveredDrawing, std::string> recover(const std::string& path);
-    static std::variant<RecoveredDrawing, std::string> recoverFromBytes(std::string bytes, const std::string& path = {});
+    // result lists every repair, and layer numbers out of range as an audit reports them.
+    // What cannot be read at all (no DXF, not a regular file) is still refused.
+    static ardo::Result<RecoveredDrawing> recover(const std::string& path);
+    static ardo::Result<RecoveredDrawing> recoverFromBytes(std::string bytes, const std::string& path = {});
 
     // Writes the drawing as DXF in the form it was read or last saved in (ASCII or
-    // binary), replacing the file atomically (temporary file beside it, then rename).
-    // Returns the error message, or nothing on success. The path becomes the drawing's
-    // DWGNAME/DWGPREFIX.
-    std::optional<std::string> save(const std::string& path);
+    // binary), replacing the file atomically (temporary file beside it, then rename). The
+    // path becomes the drawing's DWGNAME/DWGPREFIX.
+    ardo::Status save(const std::string& path);
     // The same in the given form, which later saves keep.
-    std::optional<std::string> save(const std::string& path, DxfForm form);
+    ardo::Status save(const std::string& path, DxfForm form);
     // The file as save() writes it.
     std::string toDxf();
     DxfForm form() const { return form_; }
 
     std::string_view acadVersion() const { return version_; }
+
+    // Listeners hear of every change to layers, linetypes, entities and system variables.
+    // A listener stays registered until it is removed; it must outlive that.
+    void addListener(DrawingListener& listener) { listeners_.push_back(&listener); }
+    void removeListener(DrawingListener& listener) { std::erase(listeners_, &listener); }
     const DxfDocument& document() const { return doc_; }
 
     // --- ardo::HostDrawing -------------------------------------------------------------
@@ -104,7 +110,12 @@ public:
     // Changes an existing layer (found by record.name) to the given properties; tags it
     // does not own (extended data, reactors, other applications' groups) are kept.
     ardo::DbStatus updateLayer(const ardo::LayerRecord& record);
+    // Layer "0", "Defpoints", the current layer and layers that entities are on stay
+    // (InvalidInput), as PURGE leaves them.
+    ardo::DbStatus eraseLayer(const std::string& name);
     std::vector<std::string> linetypeNames() const;
+    // ByBlock, ByLayer, Continuous and linetypes that layers or entities use stay (InvalidInput).
+    ardo::DbStatus eraseLinetype(const std::string& name);
 
     // --- system variables -------------------------------------------------------------
     // "CLAYER", "TILEMODE", "CMDECHO", "CDATE", "LWUNITS", "LWDEFAULT", "LWDISPLAY",
@@ -118,6 +129,13 @@ public:
     void setCommandActive(int bits) { cmdActive_ = bits; }
 
     // --- entities ---------------------------------------------------------------------
+    // Appends an entity to model space, as entmake does: `tags` start with its type (group
+    // 0) and give its layer (group 8, an existing layer) and data in UTF-8; the handle and
+    // owner are added here. The new entity's handle, or nothing when the tags are refused.
+    std::optional<Handle> makeEntity(const std::vector<EntityTag>& tags);
+    // Erases the entity with what belongs to it (vertices, attributes); KeyNotFound when
+    // there is none.
+    ardo::DbStatus eraseEntity(Handle handle);
     // Entities of model and paper space in file order (block contents and the vertices
     // and attributes that belong to a POLYLINE or INSERT are not visited).
     std::optional<Handle> firstEntity() const;
@@ -165,7 +183,7 @@ private:
     };
 
     explicit Drawing(DxfDocument doc);
-    static std::variant<Drawing, std::string> load(std::string bytes, const std::string& path, DxfReadMode mode);
+    static ardo::Result<Drawing> load(std::string bytes, const std::string& path, DxfReadMode mode);
     void index();
     void setPath(const std::string& path);   // kept absolute, for DWGPREFIX
     void indexHeader();
@@ -203,6 +221,16 @@ private:
     ardo::LayerRecord layerFromTags(std::span<const DxfTag> tags) const;
     // Numbers of a layer record that are out of range are noted as an audit reports them.
     void auditLayerNumbers(std::span<const DxfTag> tags);
+    ardo::DbStatus rewriteLayer(const ardo::LayerRecord& record);
+    ardo::DbStatus announceLayerEdit(const std::string& layer, const std::function<ardo::DbStatus()>& edit);
+    ardo::DbStatus storeLayerPlotStyle(const std::string& layer, const std::string& plotStyle);
+    void dropTableRecord(std::string_view table, RecordId id);
+    bool entityUses(int code, std::string_view name) const;
+    ardo::DbStatus storeVar(std::string_view name, const ardo::ResBuf& value);
+    template <class Announce>
+    void announce(Announce announce) const {
+        for (DrawingListener* listener : listeners_) announce(*listener);
+    }
     std::vector<OwnedTag> layerTags(const ardo::LayerRecord& record) const;
     RecordId ensureTextStyle(std::string_view name, std::string_view font, bool shapeFile);
 
@@ -225,7 +253,8 @@ private:
     DxfTextCodec codec_;
     std::string version_;
     std::string path_;
-    RecordId header_ = kNoRecord, objectsEnd_ = kNoRecord, tablesEnd_ = kNoRecord;
+    RecordId header_ = kNoRecord, entitiesEnd_ = kNoRecord, objectsEnd_ = kNoRecord, tablesEnd_ = kNoRecord;
+    std::vector<DrawingListener*> listeners_;
     std::unordered_map<std::string, std::size_t> headerIndex_;   // "$NAME" -> index of its 9 tag
     std::unordered_map<std::string, Table> tables_;
     std::unordered_map<std::string, RecordId> layerByName_;      // folded name
