@@ -1,4 +1,5 @@
-// QSAVE and SAVEAS: the drawing is written as DXF, replacing the file atomically.
+// QSAVE and SAVEAS: the drawing is written as DXF, replacing the file atomically. SAVEAS
+// offers the text and the binary form; QSAVE keeps the form the drawing has.
 #include <filesystem>
 
 #include "cadhost/commands/Command.h"
@@ -20,8 +21,8 @@ std::string drawingPath(const Drawing& drawing) {
     return prefix->text + name->text;
 }
 
-Step saveTo(Context& context, const std::string& path) {
-    if (const ardo::Status saved = context.drawing->save(path); !saved) {
+Step saveTo(Context& context, const std::string& path, DxfForm form) {
+    if (const ardo::Status saved = context.drawing->save(path, form); !saved) {
         context.message(saved.error() + "\n");
         return Step::Refused;
     }
@@ -38,7 +39,7 @@ public:
             context_.message("The drawing has no file name yet.  Use SAVEAS to give it one.\n");
             return Step::Refused;
         }
-        return saveTo(context_, path);
+        return saveTo(context_, path, context_.drawing->form());
     }
     std::string prompt() const override { return {}; }
     Step take(const ResBuf&) override { return Step::Done; }
@@ -53,7 +54,10 @@ public:
 
     std::string prompt() const override {
         switch (ask_) {
-            case Ask::Format: return "Current file format: DXF\nEnter file format [DXF] <DXF>: ";
+            case Ask::Format: {
+                const std::string current = formName(form_);
+                return "Current file format: " + current + "\nEnter file format [DXF/Binary] <" + current + ">: ";
+            }
             case Ask::Path: return "Save drawing as <" + drawingPath(*context_.drawing) + ">: ";
             case Ask::Replace: return "A drawing with this name already exists.\nDo you want to replace it? <N> ";
         }
@@ -62,16 +66,20 @@ public:
 
     Step take(const ResBuf& input) override {
         switch (ask_) {
-            case Ask::Format:
+            case Ask::Format: {
                 ask_ = Ask::Path;
                 // The file type may be left out: then this is the file name already.
-                if (isEnter(input) || matchKeyword(input, {"DXF"})) return Step::More;
-                return takePath(input);
+                if (isEnter(input)) return Step::More;
+                const auto format = matchKeyword(input, {"DXF", "Binary"});
+                if (!format) return takePath(input);
+                form_ = *format == 0 ? DxfForm::Ascii : DxfForm::Binary;
+                return Step::More;
+            }
             case Ask::Path: return takePath(input);
             case Ask::Replace: {
                 const auto answer = matchKeyword(input, {"Yes", "No"});
                 if (!isEnter(input) && !answer) return refuse(kInvalidKeyword);
-                if (answer && *answer == 0) return saveTo(context_, path_);
+                if (answer && *answer == 0) return saveTo(context_, path_, form_);
                 context_.echo("The drawing was not saved.\n");
                 return Step::Done;
             }
@@ -100,11 +108,14 @@ private:
             ask_ = Ask::Replace;
             return Step::More;
         }
-        return saveTo(context_, path_);
+        return saveTo(context_, path_, form_);
     }
+
+    static std::string formName(DxfForm form) { return form == DxfForm::Binary ? "Binary" : "DXF"; }
 
     Context& context_;
     Ask ask_ = Ask::Format;
+    DxfForm form_ = context_.drawing->form();
     std::string path_;
 };
 

@@ -21,17 +21,35 @@ namespace {
 
 void fail(const std::string& message) { std::cerr << "ardo-cad: " << message << '\n'; }
 
+// A damaged drawing read as far as it can be, each repair listed with its line.
+bool openRecovered(const std::string& path, Application& app) {
+    auto recovered = Drawing::recover(path);
+    if (!recovered) {
+        fail(recovered.error());
+        return false;
+    }
+    for (const DxfRepair& r : recovered->repairs) std::cout << "Line " << r.line << ": " << r.what << '\n';
+    const std::size_t n = recovered->repairs.size();
+    std::cout << (n == 0 ? std::string("The drawing needed no repair.\n")
+                         : std::to_string(n) + (n == 1 ? " repair" : " repairs") + " made.\n");
+    app.addDocument(std::move(recovered->drawing), true);
+    return true;
+}
+
 // The drawings given, each a document, the last one current; a new drawing when none is.
 bool openDrawings(const ConsoleOptions& o, Application& app) {
     if (o.drawings.empty()) {
         app.addDocument(Drawing(), false);
         return true;
     }
-    for (const std::string& path : o.drawings)
-        if (auto opened = app.openDocument(path); !opened) {
+    for (const std::string& path : o.drawings) {
+        if (o.recover) {
+            if (!openRecovered(path, app)) return false;
+        } else if (auto opened = app.openDocument(path); !opened) {
             fail(opened.error());
             return false;
         }
+    }
     return true;
 }
 

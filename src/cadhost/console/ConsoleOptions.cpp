@@ -16,6 +16,7 @@ constexpr OptionRow kOptions[] = {
     {"--answer", "yes|no|ok|cancel", true, "answer the next message box in script mode, in the order given"},
     {"--module", "PATH", false, "load this module instead of ardo.arx beside ardo-cad"},
     {"--no-module", "", false, "load no module"},
+    {"--recover", "", false, "open a damaged drawing as far as it can be read and list the repairs"},
     {"--version", "", false, "print the program, module and DXF versions and exit"},
     {"-h, --help", "", false, "print this help and exit"},
 };
@@ -81,6 +82,8 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
             o.version = true;
         } else if (a == "--no-module") {
             o.noModule = true;
+        } else if (a == "--recover") {
+            o.recover = true;
         } else if (a == "-e" || a == "-s" || a == "-o" || a == "--answer" || a == "--module") {
             const std::string* v = value();
             if (!v) return "option " + a + " needs a value";

@@ -27,6 +27,7 @@ struct ConsoleOptions {
     std::optional<std::string> module;
     bool help = false;
     bool version = false;
+    bool recover = false;   // open a damaged drawing, listing the repairs
 };
 
 // One row of the option table: its spellings ("-h, --help"), the name of its value (empty

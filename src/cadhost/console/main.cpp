@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <iostream>
+#include <new>
 
 #include "cadhost/console/Console.h"
 #include "cadhost/console/VersionText.h"
@@ -36,5 +37,12 @@ int main(int argc, char** argv) {
         std::cout << versionText(modulePath(options, folder));
         return 0;
     }
-    return runConsole(options, folder);
+    try {
+        return runConsole(options, folder);
+    } catch (const std::bad_alloc&) {
+        // Nothing was saved; say so instead of aborting.
+        std::cerr << "ardo-cad: out of memory; the work was stopped and nothing was saved. Close other programs "
+                     "or work on a smaller drawing.\n";
+        return 3;
+    }
 }

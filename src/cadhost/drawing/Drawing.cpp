@@ -8,7 +8,7 @@
 #include "cadhost/drawing/Template.h"
 #include "base/CaseFold.h"
 #include "base/FileReplace.h"
-#include "base/TextFile.h"
+#include "cadhost/dxf/DxfFile.h"
 #include "cadhost/dxf/TagValue.h"
 
 namespace cadhost {
@@ -27,41 +27,66 @@ Drawing::Drawing() : Drawing(parseTemplate()) {
     path_ = "Drawing1.dxf";
 }
 
-Drawing::Drawing(DxfDocument doc) : doc_(std::move(doc)) {}
+Drawing::Drawing(DxfDocument doc) : doc_(std::move(doc)), form_(doc_.form()) {}
 Drawing::~Drawing() = default;
 Drawing::Drawing(Drawing&&) noexcept = default;
 Drawing& Drawing::operator=(Drawing&&) noexcept = default;
 
 ardo::Result<Drawing> Drawing::open(const std::string& path) {
-    errno = 0;
-    auto bytes = ardo::readFileBytes(path);
-    if (!bytes)
-        return ardo::Error{"Cannot open \"" + path + "\": " + (errno ? std::strerror(errno) : "it cannot be read") +
-               ". Check the name and your access rights."};
-    return fromBytes(std::move(*bytes), path);
+    auto bytes = readDrawingFile(path);
+    if (auto* e = std::get_if<DxfError>(&bytes)) return ardo::Error{e->message};
+    return load(std::move(std::get<std::string>(bytes)), path, DxfReadMode::Strict);
 }
 
 ardo::Result<Drawing> Drawing::fromBytes(std::string bytes, const std::string& path) {
+    return load(std::move(bytes), path, DxfReadMode::Strict);
+}
+
+ardo::Result<RecoveredDrawing> Drawing::recover(const std::string& path) {
+    auto bytes = readDrawingFile(path);
+    if (auto* e = std::get_if<DxfError>(&bytes)) return ardo::Error{e->message};
+    return recoverFromBytes(std::move(std::get<std::string>(bytes)), path);
+}
+
+ardo::Result<RecoveredDrawing> Drawing::recoverFromBytes(std::string bytes, const std::string& path) {
+    auto loaded = load(std::move(bytes), path, DxfReadMode::Recover);
+    if (!loaded) return ardo::Error{loaded.error()};
+    Drawing& d = *loaded;
+    std::vector<DxfRepair> repairs = d.doc_.repairs();
+    repairs.insert(repairs.end(), d.findings_.begin(), d.findings_.end());
+    return RecoveredDrawing{std::move(d), std::move(repairs)};
+}
+
+ardo::Result<Drawing> Drawing::load(std::string bytes, const std::string& path, DxfReadMode mode) {
     const std::string where = path.empty() ? std::string("DXF") : "\"" + path + "\"";
-    auto parsed = DxfDocument::parse(std::move(bytes));
-    if (auto* e = std::get_if<DxfError>(&parsed)) return ardo::Error{"Cannot open " + where + ". " + e->message};
-    Drawing d(std::move(std::get<DxfDocument>(parsed)));
-    d.index();
-    d.setPath(path);
-    return d;
+    try {
+        auto parsed = DxfDocument::parse(std::move(bytes), mode);
+        if (auto* e = std::get_if<DxfError>(&parsed)) return ardo::Error{"Cannot open " + where + ". " + e->message};
+        Drawing d(std::move(std::get<DxfDocument>(parsed)));
+        d.index();
+        d.setPath(path);
+        return d;
+    } catch (const std::bad_alloc&) {
+        return ardo::Error{"Cannot open " + where + ": there is not enough memory for it. Close other programs and try again."};
+    }
 }
 
 void Drawing::index() {
     plotStyleDictionary_.reset();
+    // At most one entity and one handle per record; reserving spares the rehashing.
+    byHandle_.reserve(doc_.recordCapacity());
+    entityByHandle_.reserve(doc_.recordCapacity());
+    entities_.reserve(doc_.recordCapacity());
     for (RecordId id = doc_.first(); id != kNoRecord; id = doc_.next(id)) {
-        const auto tags = doc_.tags(id);
-        if (tags[0].value != "SECTION") continue;
-        const std::string_view name = tags[1].value;
+        if (doc_.type(id) != "SECTION") continue;
+        const auto head = doc_.head(id);
+        const std::string_view name = head.second->value;   // the structure check made sure of it
         if (name == "HEADER") {
             header_ = id;
             indexHeader();
         } else if (name == "TABLES") {
             id = indexTables(doc_.next(id));
+            if (tablesEnd_ == kNoRecord) tablesEnd_ = id;
         } else if (name == "BLOCKS") {
             id = indexBlocks(doc_.next(id));
         } else if (name == "ENTITIES") {
@@ -93,10 +118,11 @@ void Drawing::indexHeader() {
         if (tags[i].code == 9) headerIndex_.emplace(std::string(tags[i].value), i);
 }
 
-void Drawing::indexHandle(RecordId id) {
-    const auto tags = doc_.tags(id);
-    if (tags.size() < 2 || (tags[1].code != 5 && tags[1].code != 105)) return;
-    const Handle h = toHandle(tags[1].value);
+void Drawing::indexHandle(RecordId id) { indexHandle(id, doc_.head(id)); }
+
+void Drawing::indexHandle(RecordId id, const DxfDocument::Head& head) {
+    if (!head.second || (head.second->code != 5 && head.second->code != 105)) return;
+    const Handle h = toHandle(head.second->value);
     if (h == 0) return;
     byHandle_.emplace(h, id);
     nextHandle_ = std::max(nextHandle_, h + 1);
@@ -118,8 +144,10 @@ RecordId Drawing::indexTables(RecordId id) {
             current = nullptr;
         } else if (current) {
             current->records.push_back(id);
-            if (type == "LAYER")
+            if (type == "LAYER") {
                 if (const auto name = tagValue(tags, 2)) layerByName_.emplace(foldName(text(*name)), id);
+                auditLayerNumbers(tags);
+            }
         }
     }
     return kNoRecord;
@@ -130,9 +158,9 @@ std::uint32_t Drawing::addEntity(RecordId record, std::int32_t block, RecordId& 
     e.record = record;
     e.last = record;
     e.block = block;
-    const auto tags = doc_.tags(record);
-    if (tags.size() > 1 && tags[1].code == 5) e.handle = toHandle(tags[1].value);
-    const std::string_view type = tags[0].value;
+    const auto head = doc_.head(record);
+    if (head.second && head.second->code == 5) e.handle = toHandle(head.second->value);
+    const std::string_view type = head.type.value;
     // Vertices and attributes are part of their POLYLINE or INSERT, up to SEQEND.
     if (type == "POLYLINE" || type == "INSERT") {
         for (RecordId n = doc_.next(record); n != kNoRecord; n = doc_.next(n)) {
@@ -144,7 +172,7 @@ std::uint32_t Drawing::addEntity(RecordId record, std::int32_t block, RecordId& 
         }
     }
     cursor = e.last;
-    indexHandle(record);
+    indexHandle(record, head);
     const auto index = static_cast<std::uint32_t>(entities_.size());
     if (e.handle != 0) entityByHandle_.emplace(e.handle, index);
     entities_.push_back(e);
@@ -154,13 +182,12 @@ std::uint32_t Drawing::addEntity(RecordId record, std::int32_t block, RecordId& 
 RecordId Drawing::indexBlocks(RecordId id) {
     std::int32_t current = -1;
     for (; id != kNoRecord; id = doc_.next(id)) {
-        const auto tags = doc_.tags(id);
-        const std::string_view type = tags[0].value;
+        const std::string_view type = doc_.type(id);
         if (type == "ENDSEC") return id;
         if (type == "BLOCK") {
             indexHandle(id);
             Block b;
-            b.name = text(tagValue(tags, 2).value_or(""));
+            b.name = text(tagValue(doc_.tags(id), 2).value_or(""));
             b.record = id;
             current = static_cast<std::int32_t>(blocks_.size());
             blockByName_.emplace(foldName(b.name), current);
@@ -223,11 +250,18 @@ std::string Drawing::toDxf() {
         setHeaderVar("$HANDSEED", {{5, handleText(nextHandle_)}});
         handSeedChanged_ = false;
     }
-    return doc_.serialize();
+    return doc_.serialize(form_, isR12());
 }
 
-ardo::Status Drawing::save(const std::string& path) {
-    if (auto saved = ardo::replaceFile(path, toDxf()); !saved) return saved;
+ardo::Status Drawing::save(const std::string& path) { return save(path, form_); }
+
+ardo::Status Drawing::save(const std::string& path, DxfForm form) {
+    const DxfForm before = form_;
+    form_ = form;
+    if (auto saved = ardo::replaceFile(path, toDxf()); !saved) {
+        form_ = before;
+        return saved;
+    }
     setPath(path);
     return {};
 }

@@ -48,6 +48,8 @@ struct EntityTag {
     bool operator==(const EntityTag&) const = default;
 };
 
+struct RecoveredDrawing;
+
 class Drawing final : public ardo::HostDrawing {
 public:
     // A new, empty drawing made from the built-in template (AutoCAD 2018 format, named plot
@@ -57,17 +59,26 @@ public:
     Drawing(Drawing&&) noexcept;
     Drawing& operator=(Drawing&&) noexcept;
 
-    // Reads a DXF file. On failure the message for the user names the file, the line and
-    // what to do.
+    // Reads a DXF file (ASCII or binary). Only regular files are read. On failure the
+    // message for the user names the file, the line and what to do.
     static ardo::Result<Drawing> open(const std::string& path);
     // Reads DXF bytes; `path` only sets DWGNAME and DWGPREFIX.
     static ardo::Result<Drawing> fromBytes(std::string bytes, const std::string& path = {});
+    // Reads a damaged or truncated file as far as it can, mending its structure; the
+    // result lists every repair, and layer numbers out of range as an audit reports them.
+    // What cannot be read at all (no DXF, not a regular file) is still refused.
+    static ardo::Result<RecoveredDrawing> recover(const std::string& path);
+    static ardo::Result<RecoveredDrawing> recoverFromBytes(std::string bytes, const std::string& path = {});
 
-    // Writes the drawing as ASCII DXF, replacing the file atomically (temporary file beside
-    // it, then rename). The path becomes the drawing's DWGNAME/DWGPREFIX.
+    // Writes the drawing as DXF in the form it was read or last saved in (ASCII or
+    // binary), replacing the file atomically (temporary file beside it, then rename). The
+    // path becomes the drawing's DWGNAME/DWGPREFIX.
     ardo::Status save(const std::string& path);
-    // The DXF text as save() writes it.
+    // The same in the given form, which later saves keep.
+    ardo::Status save(const std::string& path, DxfForm form);
+    // The file as save() writes it.
     std::string toDxf();
+    DxfForm form() const { return form_; }
 
     std::string_view acadVersion() const { return version_; }
 
@@ -172,6 +183,7 @@ private:
     };
 
     explicit Drawing(DxfDocument doc);
+    static ardo::Result<Drawing> load(std::string bytes, const std::string& path, DxfReadMode mode);
     void index();
     void setPath(const std::string& path);   // kept absolute, for DWGPREFIX
     void indexHeader();
@@ -180,6 +192,7 @@ private:
     RecordId indexEntities(RecordId first);
     RecordId indexObjects(RecordId first);
     void indexHandle(RecordId id);
+    void indexHandle(RecordId id, const DxfDocument::Head& head);
     std::uint32_t addEntity(RecordId record, std::int32_t block, RecordId& cursor);
 
     // Text and tags
@@ -197,10 +210,17 @@ private:
 
     // Tables
     const Table* table(std::string_view name) const;
+    // A minimal drawing is completed when a record needs what it lacks: the TABLES
+    // section, a table, the Continuous linetype.
+    Table& ensureTable(std::string_view name);
+    RecordId ensureTablesSection();
+    void addContinuousLinetype();
     std::optional<RecordId> findTableRecord(std::string_view table, std::string_view name) const;
     RecordId addTableRecord(std::string_view table, std::vector<OwnedTag> tags);
     std::string tableHandle(std::string_view table) const;
     ardo::LayerRecord layerFromTags(std::span<const DxfTag> tags) const;
+    // Numbers of a layer record that are out of range are noted as an audit reports them.
+    void auditLayerNumbers(std::span<const DxfTag> tags);
     ardo::DbStatus rewriteLayer(const ardo::LayerRecord& record);
     ardo::DbStatus announceLayerEdit(const std::string& layer, const std::function<ardo::DbStatus()>& edit);
     ardo::DbStatus storeLayerPlotStyle(const std::string& layer, const std::string& plotStyle);
@@ -240,7 +260,7 @@ private:
     DxfTextCodec codec_;
     std::string version_;
     std::string path_;
-    RecordId header_ = kNoRecord, entitiesEnd_ = kNoRecord, objectsEnd_ = kNoRecord;
+    RecordId header_ = kNoRecord, entitiesEnd_ = kNoRecord, objectsEnd_ = kNoRecord, tablesEnd_ = kNoRecord;
     std::vector<DrawingListener*> listeners_;
     std::unordered_map<std::string, std::size_t> headerIndex_;   // "$NAME" -> index of its 9 tag
     mutable std::optional<std::optional<RecordId>> plotStyleDictionary_;
@@ -255,7 +275,15 @@ private:
     std::vector<RecordId> objects_;
     Handle nextHandle_ = 0;
     bool handSeedChanged_ = false;
+    std::vector<DxfRepair> findings_;   // values read differently from the file, with their lines
+    DxfForm form_ = DxfForm::Ascii;
     int cmdEcho_ = 1, fileDia_ = 1, cmdActive_ = 0, lwUnits_ = 1, lwDefault_ = 25;
+};
+
+// A drawing read in recover mode and the repairs that made it readable.
+struct RecoveredDrawing {
+    Drawing drawing;
+    std::vector<DxfRepair> repairs;
 };
 
 // Names compared without regard to case fold to this key (the host's case folding).

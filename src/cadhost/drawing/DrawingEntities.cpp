@@ -93,7 +93,7 @@ ardo::ResBufChain Drawing::entityList(Handle handle) const {
                 case ValueKind::Int16:
                 case ValueKind::Int32:
                 case ValueKind::Int64:
-                case ValueKind::Bool: r.integer = toInteger(tags[i].value); break;
+                case ValueKind::Bool: r.integer = toGroupInteger(tags[i].code, tags[i].value); break;
                 case ValueKind::Handle: r.integer = static_cast<std::int64_t>(toHandle(tags[i].value)); break;
                 default: r.text = text(tags[i].value); break;
             }

@@ -14,12 +14,16 @@ constexpr int kMaxBlockNesting = 16;
 // The values of one entity's own tags by code, first occurrence.
 struct TagReader {
     std::span<const DxfTag> tags;
-    double number(int code, double fallback = 0) const {
+    std::optional<std::string_view> text(int code) const {
         for (const DxfTag& t : tags) {
             if (t.code == 1001) break;
-            if (t.code == code) return toDouble(t.value, fallback);
+            if (t.code == code) return t.value;
         }
-        return fallback;
+        return std::nullopt;
+    }
+    double number(int code, double fallback = 0) const {
+        const auto t = text(code);
+        return t ? toDouble(*t, fallback) : fallback;
     }
     Point3 point(int code) const { return {number(code), number(code + 10), number(code + 20)}; }
     // Every point with this first code, in order (vertices, control points).
@@ -163,8 +167,9 @@ std::optional<Extents> Drawing::entityExtents(const Entity& e, int depth) const 
         place.scale = {r.number(41, 1), r.number(42, 1), r.number(43, 1)};
         place.rotationDegrees = r.number(50);
         // MINSERT arrays: columns along x and rows along y of the block's own system.
-        const int columns = std::max(1, static_cast<int>(r.number(70, 1)));
-        const int rows = std::max(1, static_cast<int>(r.number(71, 1)));
+        // Counts are 16-bit integers in the file; anything beyond is damage and counts as one.
+        const int columns = std::max(1, static_cast<int>(toGroupInteger(70, r.text(70).value_or(""), 1)));
+        const int rows = std::max(1, static_cast<int>(toGroupInteger(71, r.text(71).value_or(""), 1)));
         const double dx = r.number(44), dy = r.number(45);
         for (int row : {0, rows - 1})
             for (int col : {0, columns - 1}) {

@@ -67,8 +67,55 @@ std::string Drawing::tableHandle(std::string_view tableName) const {
     return std::string(tagValue(tags, 5).value_or("0"));
 }
 
+RecordId Drawing::ensureTablesSection() {
+    if (tablesEnd_ != kNoRecord) return tablesEnd_;
+    // Tables come after the header and classes, before blocks, entities and objects.
+    RecordId before = kNoRecord;
+    for (RecordId id = doc_.first(); id != kNoRecord && before == kNoRecord; id = doc_.next(id)) {
+        const auto tags = doc_.tags(id);
+        if (tags[0].value == "EOF") before = id;
+        if (tags[0].value == "SECTION" && tags.size() > 1 &&
+            (tags[1].value == "BLOCKS" || tags[1].value == "ENTITIES" || tags[1].value == "OBJECTS"))
+            before = id;
+    }
+    if (before == kNoRecord) {
+        doc_.append({{0, "SECTION"}, {2, "TABLES"}});
+        tablesEnd_ = doc_.append({{0, "ENDSEC"}});
+    } else {
+        doc_.insertBefore(before, {{0, "SECTION"}, {2, "TABLES"}});
+        tablesEnd_ = doc_.insertBefore(before, {{0, "ENDSEC"}});
+    }
+    return tablesEnd_;
+}
+
+Drawing::Table& Drawing::ensureTable(std::string_view name) {
+    if (const auto it = tables_.find(std::string(name)); it != tables_.end()) return it->second;
+    RecordId before = ensureTablesSection();
+    // Layers name their linetype, so LTYPE stands before LAYER.
+    if (name == "LTYPE")
+        if (const Table* layers = table("LAYER")) before = layers->head;
+    std::vector<OwnedTag> head{{0, "TABLE"}, {2, std::string(name)}};
+    if (const Handle h = takeHandle())
+        head.insert(head.end(), {{5, handleText(h)}, {330, "0"}, {100, "AcDbSymbolTable"}});
+    head.push_back({70, "0"});
+    Table t;
+    t.head = doc_.insertBefore(before, std::move(head));
+    t.end = doc_.insertBefore(before, {{0, "ENDTAB"}});
+    indexHandle(t.head);
+    return tables_[std::string(name)] = t;
+}
+
+void Drawing::addContinuousLinetype() {
+    std::vector<OwnedTag> tags{{0, "LTYPE"}};
+    if (const Handle h = takeHandle()) tags.push_back({5, handleText(h)});
+    if (!isR12())
+        tags.insert(tags.end(), {{330, tableHandle("LTYPE")}, {100, "AcDbSymbolTableRecord"}, {100, "AcDbLinetypeTableRecord"}});
+    tags.insert(tags.end(), {{2, "Continuous"}, {70, "0"}, {3, "Solid line"}, {72, "65"}, {73, "0"}, {40, "0.0"}});
+    addTableRecord("LTYPE", std::move(tags));
+}
+
 RecordId Drawing::addTableRecord(std::string_view tableName, std::vector<OwnedTag> tags) {
-    Table& t = tables_.at(std::string(tableName));
+    Table& t = ensureTable(tableName);
     const RecordId id = doc_.insertBefore(t.end, std::move(tags));
     t.records.push_back(id);
     indexHandle(id);
@@ -82,6 +129,19 @@ RecordId Drawing::addTableRecord(std::string_view tableName, std::vector<OwnedTa
     return id;
 }
 
+void Drawing::auditLayerNumbers(std::span<const DxfTag> tags) {
+    const std::string name = text(tagValue(tags, 2).value_or(""));
+    for (const DxfTag& t : tags) {
+        if (t.code == 1001) break;
+        const char* what = nullptr;
+        if (t.code == 62 && toIntegerWithin(t.value, -255, 255).value_or(0) == 0) what = "colour; it reads as 7";
+        if (t.code == 70 && !toIntegerWithin(t.value, INT16_MIN, INT16_MAX)) what = "flags value; it reads as 0";
+        if (t.code == 370 && !toIntegerWithin(t.value, INT16_MIN, INT16_MAX)) what = "lineweight; it reads as by default";
+        if (what)
+            findings_.push_back({t.line, "Layer \"" + name + "\": \"" + std::string(t.value.substr(0, 40)) + "\" is no valid " + what + "."});
+    }
+}
+
 LayerRecord Drawing::layerFromTags(std::span<const DxfTag> tags) const {
     LayerRecord r;
     r.plotStyleName = "Normal";
@@ -93,23 +153,27 @@ LayerRecord Drawing::layerFromTags(std::span<const DxfTag> tags) const {
         switch (t.code) {
             case 2: r.name = text(t.value); break;
             case 70: {
-                const auto flags = toInteger(t.value);
+                const auto flags = toGroupInteger(70, t.value);
                 r.isFrozen = flags & 1;
                 r.frozenInNewViewports = flags & 2;
                 r.isLocked = flags & 4;
                 break;
             }
             case 62: {
-                const auto n = toInteger(t.value, 7);
+                // A layer's colour is an index from 1 to 255, negative while the layer is
+                // off; anything else is damage and reads as 7, as an audit repairs it.
+                const auto n = toIntegerWithin(t.value, -255, 255).value_or(7);
                 r.isOff = n < 0;
-                r.color = HostColor::fromIndex(static_cast<int>(n < 0 ? -n : n));
+                r.color = HostColor::fromIndex(n == 0 ? 7 : static_cast<int>(n < 0 ? -n : n));
                 break;
             }
-            case 420: rgb = static_cast<std::uint32_t>(toInteger(t.value)); break;
+            case 420:
+                if (const auto v = toIntegerWithin(t.value, 0, 0xFFFFFF)) rgb = static_cast<std::uint32_t>(*v);
+                break;
             case 430: book = text(t.value); break;
             case 6: r.linetype = text(t.value); break;
-            case 370: r.lineweight = static_cast<int>(toInteger(t.value, -3)); break;
-            case 290: r.isPlottable = toInteger(t.value, 1) != 0; break;
+            case 370: r.lineweight = static_cast<int>(toGroupInteger(370, t.value, -3)); break;
+            case 290: r.isPlottable = toGroupInteger(290, t.value, 1) != 0; break;
             case 390:
                 if (const auto dict = plotStyleDictionary())
                     if (auto name = dictionaryEntryName(*dict, t.value)) r.plotStyleName = *name;
@@ -189,10 +253,15 @@ DbStatus Drawing::acceptLayerValues(LayerRecord& record, const LayerRecord* befo
 
 DbStatus Drawing::addLayer(const LayerRecord& given) {
     if (!isValidSymbolName(given.name)) return DbStatus::InvalidInput;
-    if (!table("LAYER")) return DbStatus::NotInDatabase;
     if (findTableRecord("LAYER", given.name)) return DbStatus::DuplicateRecordName;
     LayerRecord record = given;
-    if (const DbStatus accepted = acceptLayerValues(record, nullptr); accepted != DbStatus::Ok) return accepted;
+    DbStatus accepted = acceptLayerValues(record, nullptr);
+    // A minimal drawing may lack Continuous; it is made, as hosts complete such drawings.
+    if (accepted == DbStatus::KeyNotFound && isContinuousLinetype(given.linetype)) {
+        addContinuousLinetype();
+        accepted = acceptLayerValues(record, nullptr);
+    }
+    if (accepted != DbStatus::Ok) return accepted;
     std::vector<OwnedTag> tags = layerTags(record);
     if (const Handle h = takeHandle()) tags.insert(tags.begin() + 1, OwnedTag{5, handleText(h)});
     const RecordId id = addTableRecord("LAYER", std::move(tags));
@@ -225,7 +294,7 @@ DbStatus Drawing::rewriteLayer(const LayerRecord& given) {
     std::vector<OwnedTag> tags = doc_.copyTags(*id);
     if (layerFlags(old) != layerFlags(record)) {
         // Keep the bits this host does not own (xref dependence and the like).
-        const auto flags = toInteger(Drawing::tagValue(doc_.tags(*id), 70).value_or("0"));
+        const auto flags = toGroupInteger(70, Drawing::tagValue(doc_.tags(*id), 70).value_or("0"));
         setTag(tags, 70, std::to_string((flags & ~7LL) | layerFlags(record)));
     }
     if (old.color != record.color || old.isOff != record.isOff) {

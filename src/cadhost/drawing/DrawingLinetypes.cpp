@@ -37,7 +37,6 @@ RecordId Drawing::ensureTextStyle(std::string_view name, std::string_view font, 
 }
 
 DbStatus Drawing::loadLinetype(const std::string& name, const std::string& linFile) {
-    if (!table("LTYPE")) return DbStatus::NotInDatabase;
     const auto bytes = ardo::readFileBytes(linFile);
     if (!bytes) return DbStatus::FileNotFound;
     // .lin files are Windows-1252 text.

@@ -91,9 +91,9 @@ std::optional<ResBuf> Drawing::getVar(std::string_view name) const {
     switch (valueKind(v.code)) {
         case ValueKind::Double: return ResBuf::realNum(toDouble(v.value));
         case ValueKind::Int16:
-        case ValueKind::Bool: return ResBuf::shortInt(static_cast<int>(toInteger(v.value)));
+        case ValueKind::Bool: return ResBuf::shortInt(static_cast<int>(toGroupInteger(v.code, v.value)));
         case ValueKind::Int32:
-        case ValueKind::Int64: return ResBuf::longInt(toInteger(v.value));
+        case ValueKind::Int64: return ResBuf::longInt(toGroupInteger(v.code, v.value));
         default: return ResBuf::str(text(v.value));
     }
 }

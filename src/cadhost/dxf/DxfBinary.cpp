@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <cstring>
 
+#include "cadhost/dxf/DxfText.h"
 #include "cadhost/dxf/GroupCode.h"
+#include "cadhost/dxf/TagValue.h"
 
 namespace cadhost {
 
@@ -78,7 +80,16 @@ bool appendValue(BinaryReader& in, int code, std::string& out) {
             break;
         }
         case ValueKind::String:
-        case ValueKind::Handle: { std::string_view s; if (!in.cstring(s)) return false; out += s; break; }
+        case ValueKind::Handle: {
+            std::string_view s;
+            if (!in.cstring(s)) return false;
+            // A line break inside a binary string would split its text line.
+            if (s.find_first_of("\r\n") == std::string_view::npos)
+                out += s;
+            else
+                out += caretEncode(s);
+            break;
+        }
     }
     out += '\n';
     return true;
@@ -88,18 +99,23 @@ bool appendValue(BinaryReader& in, int code, std::string& out) {
 
 bool isBinaryDxf(std::string_view bytes) { return bytes.substr(0, kSentinel.size()) == kSentinel; }
 
-std::variant<std::string, DxfError> binaryDxfToText(std::string_view bytes) {
+std::string_view binaryDxfSentinel() { return kSentinel; }
+
+std::variant<BinaryDxfText, DxfError> binaryDxfToText(std::string_view bytes) {
     // Release 12 writes one-byte group codes (255 announces a two-byte one); later
     // releases write two bytes. The first tag (0 SECTION) tells which.
     const bool twoByteCodes = bytes.size() > kSentinel.size() + 1 && bytes[kSentinel.size()] == 0 &&
                               bytes[kSentinel.size() + 1] == 0;
     BinaryReader in(bytes);
-    std::string out;
+    BinaryDxfText result;
+    result.twoByteCodes = twoByteCodes;
+    std::string& out = result.text;
     out.reserve(bytes.size() * 2);
     std::size_t tagNo = 0;
     while (!in.atEnd()) {
         ++tagNo;
         const std::size_t at = in.offset();
+        result.tagOffsets.push_back(at);
         int code = 0;
         if (twoByteCodes) {
             std::int16_t c;
@@ -128,7 +144,45 @@ std::variant<std::string, DxfError> binaryDxfToText(std::string_view bytes) {
                                 "the program that made it.",
                             0};
     }
-    return out;
+    result.tagOffsets.push_back(bytes.size());
+    return result;
+}
+
+void appendBinaryTag(std::string& out, int code, std::string_view value, bool oneByteCodes) {
+    auto put = [&out](auto v) { out.append(reinterpret_cast<const char*>(&v), sizeof v); };
+    if (!oneByteCodes) {
+        put(static_cast<std::int16_t>(code));
+    } else if (code >= 0 && code < 255) {
+        put(static_cast<std::uint8_t>(code));
+    } else {
+        put(static_cast<std::uint8_t>(255));
+        put(static_cast<std::int16_t>(code));
+    }
+    switch (valueKind(code)) {
+        case ValueKind::Double: put(toDouble(value)); break;
+        case ValueKind::Int16: put(static_cast<std::int16_t>(toGroupInteger(code, value))); break;
+        case ValueKind::Int32: put(static_cast<std::int32_t>(toGroupInteger(code, value))); break;
+        case ValueKind::Int64: put(static_cast<std::int64_t>(toGroupInteger(code, value))); break;
+        case ValueKind::Bool: put(static_cast<std::uint8_t>(toGroupInteger(code, value))); break;
+        case ValueKind::Binary: {
+            // Hex text, two digits a byte; a chunk holds at most 255 bytes.
+            std::string chunk;
+            for (std::size_t i = 0; i + 1 < value.size() && chunk.size() < 255; i += 2) {
+                unsigned byte = 0;
+                std::from_chars(value.data() + i, value.data() + i + 2, byte, 16);
+                chunk += static_cast<char>(byte);
+            }
+            put(static_cast<std::uint8_t>(chunk.size()));
+            out += chunk;
+            break;
+        }
+        case ValueKind::String:
+        case ValueKind::Handle:
+            // A NUL ends the value in this form.
+            out += value.substr(0, value.find('\0'));
+            out += '\0';
+            break;
+    }
 }
 
 }  // namespace cadhost

@@ -24,59 +24,104 @@ struct DxfError {
     std::size_t line = 0;    // 0 when no line applies
 };
 
+// What reading in recover mode changed to make a damaged file whole.
+struct DxfRepair {
+    std::size_t line = 0;    // line of the file the repair was made at
+    std::string what;        // a complete sentence
+};
+
+// Strict refuses a damaged file; Recover rebuilds the section and table structure around
+// what it finds, keeps every record it can and lists each repair.
+enum class DxfReadMode { Strict, Recover };
+
+// The two forms of a DXF file: text, or the binary form with its sentinel.
+enum class DxfForm { Ascii, Binary };
+
 class DxfDocument {
 public:
     // Reads ASCII DXF; binary DXF is converted to ASCII tags first. Only the tag
     // structure is checked here (group codes, pairs, sections, end of file).
-    static std::variant<DxfDocument, DxfError> parse(std::string bytes);
+    static std::variant<DxfDocument, DxfError> parse(std::string bytes, DxfReadMode mode = DxfReadMode::Strict);
+    // The repairs a recovering read made, in file order; empty for a sound file.
+    const std::vector<DxfRepair>& repairs() const { return repairs_; }
 
     RecordId first() const { return first_; }
     RecordId next(RecordId id) const { return records_[id].next; }
     RecordId previous(RecordId id) const { return records_[id].prev; }
     std::size_t recordCapacity() const { return records_.size(); }
 
+    // The record's tags. A record read from the file is split into tags on first use.
     std::span<const DxfTag> tags(RecordId id) const;
-    std::string_view type(RecordId id) const { return tags(id).front().value; }
+    // The first two tags (the type and, for most records, the handle), read without the
+    // rest of the record; `second` is empty for a record of one tag.
+    struct Head {
+        DxfTag type;
+        std::optional<DxfTag> second;
+    };
+    Head head(RecordId id) const;
+    std::string_view type(RecordId id) const;
     // The record's tags as owned copies, for editing and writing back with replace().
     std::vector<OwnedTag> copyTags(RecordId id) const;
 
     void replace(RecordId id, std::vector<OwnedTag> tags);
     // Links a new record in front of `before` (for instance before a table's ENDTAB).
     RecordId insertBefore(RecordId before, std::vector<OwnedTag> tags);
+    // Links a new record at the end.
+    RecordId append(std::vector<OwnedTag> tags);
     void erase(RecordId id);
     bool isErased(RecordId id) const { return records_[id].erased; }
 
     // Line ending of the file ("\r\n" or "\n"); new records are written with it.
     std::string_view lineEnding() const { return crlf_ ? "\r\n" : "\n"; }
     bool wasBinary() const { return wasBinary_; }
-    std::size_t byteSize() const { return bytes_->size(); }
+    DxfForm form() const { return wasBinary_ ? DxfForm::Binary : DxfForm::Ascii; }
+    std::size_t byteSize() const { return source().size(); }
 
-    std::string serialize() const;
+    // The file in the form it was read in: untouched records are copied as they were.
+    std::string serialize() const { return serialize(form()); }
+    // The file in the given form; records are copied as bytes when the form is the one
+    // read, and written from their tags otherwise. `oneByteCodes` chooses the group codes
+    // of Release 12 when text is turned into binary.
+    std::string serialize(DxfForm form, bool oneByteCodes = false) const;
 
 private:
     struct Edited {
         std::vector<OwnedTag> owned;
         std::vector<DxfTag> views;   // over `owned`, so edited records read like loaded ones
     };
+    // One allocation-free entry per record while loading; its tags are read when asked for.
     struct Record {
-        std::uint32_t firstTag = 0, tagCount = 0;
-        std::size_t byteBegin = 0, byteEnd = 0;
+        std::string_view type;                   // value of the group 0 tag, kept as it is asked often
+        std::size_t textBegin = 0;               // first tag in the text bytes
+        std::size_t byteBegin = 0, byteEnd = 0;  // the record's bytes in source()
+        std::uint32_t line = 0, tagCount = 0;    // line of the first tag
         RecordId prev = kNoRecord, next = kNoRecord;
         bool erased = false;
         std::unique_ptr<Edited> edited;
+        mutable std::unique_ptr<std::vector<DxfTag>> parsed;
     };
+    template <class Visit>
+    void readTags(const Record& r, std::uint32_t count, Visit&& visit) const;
 
     static std::unique_ptr<Edited> makeEdited(std::vector<OwnedTag> tags);
-    void appendTags(std::string& out, std::span<const OwnedTag> tags) const;
+    template <class Tag>
+    void appendTags(std::string& out, std::span<const Tag> tags, DxfForm form, bool oneByteCodes) const;
+    // The bytes the records' byte ranges refer to: the binary file for a binary drawing.
+    const std::string& source() const { return binary_ ? *binary_ : *bytes_; }
+    std::optional<DxfError> settleStructure(DxfReadMode mode);
+    void repaired(std::size_t line, std::string what) { repairs_.push_back({line, std::move(what)}); }
 
     std::unique_ptr<std::string> bytes_;
+    std::unique_ptr<std::string> binary_;   // the file as read, when it was binary
     std::size_t preamble_ = 0;   // bytes before the first tag (a byte order mark)
-    std::vector<DxfTag> tags_;
     std::vector<Record> records_;
     RecordId first_ = kNoRecord;
     bool crlf_ = false;
     bool wasBinary_ = false;
-
+    bool oneByteCodes_ = false;   // a binary file of Release 12
+    bool padCodes_ = true;        // group codes right-aligned in three columns, as most writers do
+    std::uint32_t lastLine_ = 0;   // number of the file's last line
+    std::vector<DxfRepair> repairs_;
 };
 
 }  // namespace cadhost

@@ -7,6 +7,7 @@
 #include <cctype>
 #include <cerrno>
 #include <charconv>
+#include <optional>
 #include <utility>
 
 #include "base/Utf8.h"
@@ -56,20 +57,35 @@ private:
     iconv_t cd_;
 };
 
-// Replaces \U+XXXX escapes by the character.
+// The four hex digits of an escape \U+XXXX at `at`, if there is one.
+std::optional<unsigned> escapeAt(const std::string& s, std::size_t at) {
+    if (s.compare(at, 3, "\\U+") != 0 || s.size() < at + 7) return std::nullopt;
+    unsigned cp = 0;
+    const char* first = s.data() + at + 3;
+    auto [end, ec] = std::from_chars(first, first + 4, cp, 16);
+    if (ec != std::errc() || end != first + 4) return std::nullopt;
+    return cp;
+}
+
+bool isHighSurrogate(unsigned cp) { return cp >= 0xD800 && cp <= 0xDBFF; }
+bool isLowSurrogate(unsigned cp) { return cp >= 0xDC00 && cp <= 0xDFFF; }
+
+// Replaces \U+XXXX escapes by the character; characters beyond U+FFFF come as a pair of
+// surrogate escapes. A surrogate without its partner is kept as the escape text.
 std::string expandUnicodeEscapes(std::string s) {
     std::size_t at = s.find("\\U+");
     if (at == std::string::npos) return s;
     std::string out;
     std::size_t from = 0;
     for (; at != std::string::npos; at = s.find("\\U+", from)) {
-        unsigned cp = 0;
-        const char* first = s.data() + at + 3;
-        const char* last = s.data() + std::min(s.size(), at + 7);
-        auto [end, ec] = std::from_chars(first, last, cp, 16);
         out.append(s, from, at - from);
-        if (ec == std::errc() && end == first + 4) {
-            appendUtf8(out, static_cast<char32_t>(cp));
+        const auto cp = escapeAt(s, at);
+        const auto low = cp && isHighSurrogate(*cp) ? escapeAt(s, at + 7) : std::nullopt;
+        if (low && isLowSurrogate(*low)) {
+            appendUtf8(out, static_cast<char32_t>(0x10000 + ((*cp - 0xD800) << 10) + (*low - 0xDC00)));
+            from = at + 14;
+        } else if (cp && !isHighSurrogate(*cp) && !isLowSurrogate(*cp)) {
+            appendUtf8(out, static_cast<char32_t>(*cp));
             from = at + 7;
         } else {
             out += "\\U+";
@@ -79,6 +95,14 @@ std::string expandUnicodeEscapes(std::string s) {
     out.append(s, from);
     return out;
 }
+
+void appendEscape(std::string& out, unsigned cp) {
+    static const char hex[] = "0123456789ABCDEF";
+    out += "\\U+";
+    for (int shift = 12; shift >= 0; shift -= 4) out += hex[(cp >> shift) & 15];
+}
+
+bool isCaretControl(char c) { return c >= '@' && c <= '_'; }
 
 }  // namespace
 
@@ -99,7 +123,55 @@ DxfTextCodec DxfTextCodec::forDrawing(std::string_view acadVersion, std::string_
     return codec;
 }
 
+std::string caretEncode(std::string_view text) {
+    std::string out;
+    out.reserve(text.size() + 8);
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (static_cast<unsigned char>(c) < 0x20) {
+            out += '^';
+            out += static_cast<char>(c + 0x40);
+        } else if (c == '^' && i + 1 < text.size() && (isCaretControl(text[i + 1]) || text[i + 1] == ' ')) {
+            out += "^ ";   // a caret that would otherwise read as the start of one
+        } else {
+            out += c;
+        }
+    }
+    return out;
+}
+
+std::string caretDecode(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '^' && i + 1 < text.size() && (isCaretControl(text[i + 1]) || text[i + 1] == ' ')) {
+            out += text[i + 1] == ' ' ? '^' : static_cast<char>(text[i + 1] - 0x40);
+            ++i;
+        } else {
+            out += text[i];
+        }
+    }
+    return out;
+}
+
+namespace {
+bool needsCaretCoding(std::string_view text) {
+    return std::any_of(text.begin(), text.end(),
+                       [](char c) { return c == '^' || static_cast<unsigned char>(c) < 0x20; });
+}
+}  // namespace
+
 std::string DxfTextCodec::decode(std::string_view fileText) const {
+    if (needsCaretCoding(fileText)) return decodeEscapes(caretDecode(fileText));
+    return decodeEscapes(fileText);
+}
+
+std::string DxfTextCodec::encode(std::string_view utf8) const {
+    if (needsCaretCoding(utf8)) return encodeEscapes(caretEncode(utf8));
+    return encodeEscapes(utf8);
+}
+
+std::string DxfTextCodec::decodeEscapes(std::string_view fileText) const {
     if (isUtf8() || isAscii(fileText)) return expandUnicodeEscapes(std::string(fileText));
     std::string out;
     Iconv cv("UTF-8", iconvName_);
@@ -115,7 +187,7 @@ std::string DxfTextCodec::decode(std::string_view fileText) const {
     return expandUnicodeEscapes(std::move(out));
 }
 
-std::string DxfTextCodec::encode(std::string_view utf8) const {
+std::string DxfTextCodec::encodeEscapes(std::string_view utf8) const {
     if (isUtf8() || isAscii(utf8)) return std::string(utf8);
     std::string out;
     Iconv cv(iconvName_, "UTF-8");
@@ -127,12 +199,12 @@ std::string DxfTextCodec::encode(std::string_view utf8) const {
             const char32_t cp = ardo::decodeUtf8At(utf8, done);
             if (cp >= 0x80 && cp < 0xA0) {
                 out += static_cast<char>(cp);   // back to the undefined byte it came from
+            } else if (cp > 0xFFFF) {
+                const unsigned v = static_cast<unsigned>(cp) - 0x10000;
+                appendEscape(out, 0xD800 + (v >> 10));
+                appendEscape(out, 0xDC00 + (v & 0x3FF));
             } else {
-                char hex[8];
-                auto [end, ec] = std::to_chars(hex, hex + sizeof hex, static_cast<unsigned>(cp), 16);
-                std::string digits(hex, end);
-                std::transform(digits.begin(), digits.end(), digits.begin(), ::toupper);
-                out += "\\U+" + std::string(4 - std::min<std::size_t>(4, digits.size()), '0') + digits;
+                appendEscape(out, static_cast<unsigned>(cp));
             }
             if (done == start) ++done;
         }

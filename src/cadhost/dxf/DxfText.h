@@ -8,6 +8,10 @@
 
 namespace cadhost {
 
+// Control characters in caret form, which keeps line breaks out of a value's line.
+std::string caretEncode(std::string_view text);
+std::string caretDecode(std::string_view text);
+
 class DxfTextCodec {
 public:
     // UTF-8 file text (AC1021 and later).
@@ -16,14 +20,20 @@ public:
     // `dwgCodePage` ("ANSI_1252"); an unknown code page is read as ANSI_1252.
     static DxfTextCodec forDrawing(std::string_view acadVersion, std::string_view dwgCodePage);
 
+    // Control characters are read from and written in caret form ("^J" for a line feed,
+    // "^ " for a caret that would read as one).
     std::string decode(std::string_view fileText) const;
-    // Characters the code page lacks are written as \U+XXXX.
+    // Characters the code page lacks are written as \U+XXXX, those beyond U+FFFF as a
+    // pair of surrogates (\U+D83D\U+DE00).
     std::string encode(std::string_view utf8) const;
 
     bool isUtf8() const { return !iconvName_; }
     bool knewCodePage() const { return knewCodePage_; }
 
 private:
+    std::string decodeEscapes(std::string_view fileText) const;
+    std::string encodeEscapes(std::string_view utf8) const;
+
     const char* iconvName_ = nullptr;   // null: UTF-8
     bool knewCodePage_ = true;
 };

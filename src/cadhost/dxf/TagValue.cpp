@@ -3,6 +3,8 @@
 #include <cctype>
 #include <charconv>
 
+#include "cadhost/dxf/GroupCode.h"
+
 namespace cadhost {
 
 namespace {
@@ -26,9 +28,29 @@ long long toInteger(std::string_view text, long long fallback) {
     long long v = 0;
     auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), v);
     if (ec == std::errc() && end == text.data() + text.size()) return v;
-    // Some writers put integers as reals ("1.0").
+    // Some writers put integers as reals ("1.0"). Outside (-2^63, 2^63) the conversion
+    // would be undefined; NaN fails both comparisons.
     const double d = toDouble(text, static_cast<double>(fallback));
+    if (!(d > -9223372036854775808.0 && d < 9223372036854775808.0)) return fallback;
     return static_cast<long long>(d);
+}
+
+std::optional<long long> toIntegerWithin(std::string_view text, long long low, long long high) {
+    // Two different fallbacks tell an unreadable text from a value that reads as one of them.
+    const long long a = toInteger(text, 0), b = toInteger(text, 1);
+    if (a != b || a < low || a > high) return std::nullopt;
+    return a;
+}
+
+long long toGroupInteger(int code, std::string_view text, long long fallback) {
+    long long low = INT64_MIN, high = INT64_MAX;
+    switch (valueKind(code)) {
+        case ValueKind::Int16: low = INT16_MIN; high = INT16_MAX; break;
+        case ValueKind::Int32: low = INT32_MIN; high = INT32_MAX; break;
+        case ValueKind::Bool: low = 0; high = 255; break;
+        default: break;
+    }
+    return toIntegerWithin(text, low, high).value_or(fallback);
 }
 
 std::uint64_t toHandle(std::string_view text) {

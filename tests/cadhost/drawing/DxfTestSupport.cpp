@@ -30,6 +30,21 @@ Drawing openOrFail(const std::string& path) {
     return std::move(r).value();
 }
 
+bool isDamagedCorpusFile(const fs::path& path) { return path.filename().string().find("recover") != std::string::npos; }
+
+Drawing openCorpusFile(const fs::path& path) {
+    if (!isDamagedCorpusFile(path)) return openOrFail(path.string());
+    EXPECT_FALSE(Drawing::open(path.string())) << path << " opened without recovery";
+    auto r = Drawing::recover(path.string());
+    if (!r) {
+        ADD_FAILURE() << r.error();
+        return Drawing();
+    }
+    auto& recovered = *r;
+    EXPECT_FALSE(recovered.repairs.empty()) << path;
+    return std::move(recovered.drawing);
+}
+
 Drawing parseOrFail(const std::string& bytes) {
     auto r = Drawing::fromBytes(bytes);
     if (!r) {

@@ -18,6 +18,10 @@ using ardo::test::readBytes;
 using ardo::test::TempFolder;
 
 Drawing openOrFail(const std::string& path);
+// The damaged drawings of the corpus ("recover" in the name) are refused by a normal open
+// and read through recovery with at least one repair; every other one opens normally.
+bool isDamagedCorpusFile(const std::filesystem::path& path);
+Drawing openCorpusFile(const std::filesystem::path& path);
 Drawing parseOrFail(const std::string& bytes);
 
 using ardo::test::pythonWithEzdxf;

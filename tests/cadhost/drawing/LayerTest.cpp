@@ -155,3 +155,55 @@ TEST(Layers, Release12LayersGetNoNewerGroups) {
 
 }  // namespace
 }  // namespace cadhost
+
+namespace cadhost {
+namespace {
+
+// Damaged numbers in a layer record read as the audit repairs them, never as undefined
+// behaviour or a wrong colour.
+TEST(Layers, NumbersOutOfRangeReadAsDamage) {
+    struct Case { const char* color; int index; bool off; };
+    const Case cases[] = {{"nan", 7, false},   {"1e300", 7, false}, {"-9223372036854775808", 7, false},
+                          {"0", 7, false},     {"256", 7, false},   {"-255", 255, true},
+                          {"-3.0", 3, true},   {"x", 7, false},     {"9223372036854775807", 7, false}};
+    for (const Case& c : cases) {
+        const std::string bytes = std::string("  0\nSECTION\n  2\nTABLES\n  0\nTABLE\n  2\nLTYPE\n  0\nENDTAB\n") +
+                                  "  0\nTABLE\n  2\nLAYER\n  0\nLAYER\n  2\nL\n 70\n1e300\n 62\n" + c.color +
+                                  "\n  6\nCONTINUOUS\n370\nnan\n  0\nENDTAB\n  0\nENDSEC\n  0\nEOF\n";
+        const auto layer = test::parseOrFail(bytes).findLayer("L");
+        ASSERT_TRUE(layer) << c.color;
+        EXPECT_EQ(layer->color.index, c.index) << c.color;
+        EXPECT_EQ(layer->isOff, c.off) << c.color;
+        EXPECT_FALSE(layer->isFrozen) << c.color;
+        EXPECT_EQ(layer->lineweight, -3) << c.color;
+        // Recovery lists what it read differently, with the line.
+        auto recovered = Drawing::recoverFromBytes(bytes);
+        ASSERT_TRUE(recovered);
+        std::string findings;
+        for (const auto& f : recovered->repairs) findings += std::to_string(f.line) + ": " + f.what + "\n";
+        EXPECT_NE(findings.find("19: Layer \"L\": \"1e300\" is no valid flags value"), std::string::npos) << findings;
+        EXPECT_NE(findings.find("25: Layer \"L\": \"nan\" is no valid lineweight"), std::string::npos) << findings;
+        EXPECT_EQ(findings.find("is no valid colour") != std::string::npos, c.index == 7 && !c.off) << findings;
+    }
+}
+
+TEST(Layers, DrawingsWithoutTablesAreCompletedForANewLayer) {
+    const std::string minimal = "  0\nSECTION\n  2\nENTITIES\n  0\nENDSEC\n  0\nEOF\n";
+    Drawing d = test::parseOrFail(minimal);
+    LayerRecord r;
+    r.name = "HOLDOUT_NEU";
+    ASSERT_EQ(d.addLayer(r), DbStatus::Ok);
+    r.name = "ZWEI";
+    r.linetype = "DASHED";
+    EXPECT_EQ(d.addLayer(r), DbStatus::KeyNotFound);   // only Continuous is made on demand
+    Drawing again = reload(d);
+    EXPECT_TRUE(again.findLayer("HOLDOUT_NEU"));
+    EXPECT_TRUE(again.hasLinetype("Continuous"));
+    // Tables come before the entities, the linetype table before the layer table.
+    const std::string out = d.toDxf();
+    EXPECT_LT(out.find("TABLES"), out.find("ENTITIES"));
+    EXPECT_LT(out.find("LTYPE"), out.find("\nLAYER"));
+}
+
+}  // namespace
+}  // namespace cadhost

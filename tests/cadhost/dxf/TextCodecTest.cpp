@@ -29,6 +29,29 @@ TEST(TextCodec, CodePagesBeforeR2007AndUtf8After) {
     EXPECT_EQ(unknown.decode("\xe4"), "ä");
 }
 
+TEST(TextCodec, CharactersBeyondTheBasicPlaneTravelAsSurrogatePairs) {
+    const auto ansi = DxfTextCodec::forDrawing("AC1015", "ANSI_1252");
+    EXPECT_EQ(ansi.encode("a\U0001F600b"), "a\\U+D83D\\U+DE00b");
+    EXPECT_EQ(ansi.decode("a\\U+D83D\\U+DE00b"), "a\U0001F600b");
+    EXPECT_EQ(ansi.decode(ansi.encode("\U00010000\U0010FFFF")), "\U00010000\U0010FFFF");
+    // A surrogate without its partner is no character: the escape stays as it was.
+    EXPECT_EQ(ansi.decode("\\U+D83Dx"), "\\U+D83Dx");
+    EXPECT_EQ(ansi.decode("\\U+DE00"), "\\U+DE00");
+}
+
+TEST(TextCodec, ControlCharactersTravelInCaretForm) {
+    for (const char* version : {"AC1015", "AC1032"}) {
+        const auto codec = DxfTextCodec::forDrawing(version, "ANSI_1252");
+        EXPECT_EQ(codec.encode("a\nb\r\tc"), "a^Jb^M^Ic");
+        EXPECT_EQ(codec.decode("a^Jb^M^Ic"), "a\nb\r\tc");
+        // A caret that would read as a control character is written as "^ ".
+        for (const std::string text : {"x^Jy", "^ ", "a^b", "^", "2^3", "^@^_"})
+            EXPECT_EQ(codec.decode(codec.encode(text)), text) << text;
+        EXPECT_EQ(codec.encode("x^Jy"), "x^ Jy");
+        EXPECT_EQ(codec.encode("a^b"), "a^b");
+    }
+}
+
 TEST(TextCodec, CorpusUnicodeFileDecodesEscapes) {
     const auto path = test::corpusDir() / "integration_tests_data_dxf_unicode.dxf";
     if (!std::filesystem::exists(path)) GTEST_SKIP() << "no DXF corpus beside the source tree";

@@ -1,0 +1,6 @@
+(tblsearch "LAYER" "Wände")
+(setq l (tblnext "LAYER" T))
+(while (setq l (tblnext "LAYER")) (princ (cdr (assoc 2 l))))
+(command "-LAYER" "F" "A-B" "")
+(command "-LAYER" "N" (strcat "a" (chr 10) "b") "")
+(setvar "CLAYER" "plan#1")
