@@ -75,6 +75,10 @@ public:
     ardo::DbStatus forEachLayer(const std::function<bool(const ardo::LayerRecord&)>& visit) const override;
     std::optional<ardo::LayerRecord> findLayer(const std::string& name) const override;
     ardo::DbStatus addLayer(const ardo::LayerRecord& record) override;
+    // Tags the record does not own (extended data, reactors, other applications' groups)
+    // are kept.
+    ardo::DbStatus updateLayer(const ardo::LayerRecord& record) override;
+    ardo::DbStatus mergeLayer(const std::string& from, const std::string& into) override;
     // The plot style must be a place-holder of "ACAD_PLOTSTYLENAME" (KeyNotFound otherwise).
     ardo::DbStatus setLayerPlotStyleName(const std::string& layer, const std::string& plotStyle) override;
     bool hasLinetype(const std::string& name) const override;
@@ -90,9 +94,6 @@ public:
     bool hasDictionaryEntry(const std::string& dictionary, const std::string& entry) const override;
 
     // --- more layer work for the host's commands --------------------------------------
-    // Changes an existing layer (found by record.name) to the given properties; tags it
-    // does not own (extended data, reactors, other applications' groups) are kept.
-    ardo::DbStatus updateLayer(const ardo::LayerRecord& record);
     std::vector<std::string> linetypeNames() const;
 
     // --- system variables -------------------------------------------------------------
