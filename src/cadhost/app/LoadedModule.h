@@ -21,6 +21,8 @@ public:
     // The file name, as (arx) lists the application.
     const std::string& appName() const { return appName_; }
     int send(AppMsg message, void* appId) const { return entry_(message, appId); }
+    // An exported symbol of the module, or null.
+    void* symbol(const char* name) const;
 
 private:
     LoadedModule(void* handle, EntryPoint entry, std::string path);

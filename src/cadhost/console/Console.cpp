@@ -35,16 +35,6 @@ std::optional<OpenedDrawing> openDrawing(const ConsoleOptions& o) {
     return OpenedDrawing{std::move(std::get<Drawing>(opened)), true};
 }
 
-// The module to load: the one asked for, or ardo.arx beside ardo-cad when it is there.
-std::optional<std::string> modulePath(const ConsoleOptions& o, const std::string& programFolder) {
-    if (o.noModule) return std::nullopt;
-    if (o.module) return o.module;
-    const std::filesystem::path beside = std::filesystem::path(programFolder) / "ardo.arx";
-    std::error_code ec;
-    if (std::filesystem::is_regular_file(beside, ec)) return beside.string();
-    return std::nullopt;
-}
-
 // Feeds the lines to the command line as a script run does; false after (quit).
 bool runLines(CommandLine& commandLine, LineReader& reader) {
     while (!commandLine.quitRequested())
@@ -70,6 +60,15 @@ bool runScript(CommandLine& commandLine, const std::string& path) {
 }
 
 }  // namespace
+
+std::optional<std::string> modulePath(const ConsoleOptions& o, const std::string& programFolder) {
+    if (o.noModule) return std::nullopt;
+    if (o.module) return o.module;
+    const std::filesystem::path beside = std::filesystem::path(programFolder) / "ardo.arx";
+    std::error_code ec;
+    if (std::filesystem::is_regular_file(beside, ec)) return beside.string();
+    return std::nullopt;
+}
 
 int runConsole(const ConsoleOptions& o, const std::string& programFolder) {
     std::optional<OpenedDrawing> opened = openDrawing(o);

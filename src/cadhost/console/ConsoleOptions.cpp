@@ -21,6 +21,11 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
         auto value = [&]() -> const std::string* { return i + 1 < args.size() ? &args[++i] : nullptr; };
         if (a == "-h" || a == "--help") {
             o.help = true;
+        } else if (a == "--audit-layers") {
+            auto parsed = audit::parseLayerAuditOptions({args.begin() + static_cast<std::ptrdiff_t>(i) + 1, args.end()});
+            if (auto* error = std::get_if<std::string>(&parsed)) return *error;
+            o.audit = std::move(std::get<audit::LayerAuditOptions>(parsed));
+            break;
         } else if (a == "--no-module") {
             o.noModule = true;
         } else if (a == "-e" || a == "-s" || a == "-o" || a == "--answer" || a == "--module") {
@@ -44,6 +49,8 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
         }
     }
     if (o.noModule && o.module) return "--no-module and --module exclude each other";
+    if (o.audit && (o.noModule || o.drawing || !o.steps.empty() || o.output))
+        return "--audit-layers goes with --module only; the drawings follow it";
     return o;
 }
 

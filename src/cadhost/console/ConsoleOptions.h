@@ -2,12 +2,14 @@
 // The command line of ardo-cad:
 //   ardo-cad [drawing.dxf] [-e EXPR]... [-s script.lsp]... [-o out.dxf]
 //            [--answer yes|no|ok|cancel]... [--no-module | --module PATH]
+//   ardo-cad [--module PATH] --audit-layers ... (see LayerAuditOptions.h)
 #include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
 #include "boundary/Host.h"
+#include "cadhost/audit/LayerAuditOptions.h"
 
 namespace cadhost::console {
 
@@ -25,6 +27,8 @@ struct ConsoleOptions {
     bool noModule = false;
     std::optional<std::string> module;
     bool help = false;
+    // Set by --audit-layers, which takes every argument after it.
+    std::optional<audit::LayerAuditOptions> audit;
 };
 
 // The options, or a message saying what is wrong.

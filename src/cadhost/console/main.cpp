@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "cadhost/audit/LayerAuditRun.h"
 #include "cadhost/console/Console.h"
 
 namespace {
@@ -22,13 +23,22 @@ int main(int argc, char** argv) {
     using namespace cadhost::console;
     const auto parsed = parseOptions(std::vector<std::string>(argv + 1, argv + argc));
     if (const auto* error = std::get_if<std::string>(&parsed)) {
-        std::cerr << "ardo-cad: " << *error << '\n' << kUsage;
+        std::cerr << "ardo-cad: " << *error << '\n' << kUsage << cadhost::audit::kLayerAuditUsage;
         return 2;
     }
     const ConsoleOptions& options = std::get<ConsoleOptions>(parsed);
     if (options.help) {
-        std::cout << kUsage;
+        std::cout << kUsage << cadhost::audit::kLayerAuditUsage;
         return 0;
+    }
+    if (options.audit) {
+        const std::string folder = programFolder(argv[0]);
+        const auto module = modulePath(options, folder);
+        if (!module) {
+            std::cerr << "ardo-cad: --audit-layers needs the module; put ardo.arx beside ardo-cad or name it with --module\n";
+            return 2;
+        }
+        return cadhost::audit::runLayerAudit(*options.audit, *module, folder);
     }
     return runConsole(options, programFolder(argv[0]));
 }

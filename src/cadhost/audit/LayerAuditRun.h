@@ -1,0 +1,14 @@
+#pragma once
+// ardo-cad --audit-layers: every drawing is audited in a worker process of its own, as many
+// at once as the machine has cores; the parent gathers the outcomes and has the module
+// write the summary and the reports.
+#include <string>
+
+#include "cadhost/audit/LayerAuditOptions.h"
+
+namespace cadhost::audit {
+
+// The process's exit status (see kLayerAuditUsage; 2 when the run could not be made).
+int runLayerAudit(const LayerAuditOptions& options, const std::string& module, const std::string& programFolder);
+
+}  // namespace cadhost::audit
