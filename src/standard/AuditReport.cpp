@@ -47,14 +47,14 @@ void appendDrawing(std::string& out, const AuditRun& run, const DrawingResult& r
         out += "meets the standard";
     } else {
         out += plural(a.deviations.size(), "deviation", "deviations") + ", " +
-               plural(a.unnamed.size(), "layer no key names", "layers no key names");
+               plural(a.unnamed.size(), "layer without a key", "layers without a key");
     }
     out += " (" + plural(a.missing.size(), "key", "keys") + " without a layer)\n";
     for (const LayerDeviation& d : a.deviations)
         out += "  " + d.layer + " [" + d.key + "] " + propertyName(d.property) + ": " + d.drawingValue +
                ", standard " + d.fileValue + (isResolved(run, r, d) ? " (fixed)" : "") + "\n";
     for (const UnnamedLayer& u : a.unnamed)
-        out += "  " + u.layer + ": no key" +
+        out += "  " + u.layer + ": no key names it" +
                (u.hintKey.empty() ? std::string() : "; nearest " + u.hintKey + " \"" + u.hintName + "\"") + "\n";
     const char* verb = run.dryRun ? "would change: " : "changed: ";
     for (const LayerChange& c : a.changes) {

@@ -1,12 +1,12 @@
 // The run as one self-contained HTML page: style and the column sorting inline, nothing
 // fetched from elsewhere, so the page can be mailed or archived as it is.
-#include <algorithm>
 #include <map>
 #include <set>
 
 #include "base/CaseFold.h"
 #include "base/Printf.h"
 #include "standard/AuditReport.h"
+#include "standard/RenameMap.h"
 
 namespace ardo {
 
@@ -94,7 +94,11 @@ void appendOverview(std::string& out, const AuditRun& run) {
         std::set<std::string> properties;
     };
     std::map<std::string, KeyCount> byKey;
-    std::map<std::string, std::set<std::string>> unnamedByLayer;
+    struct Unnamed {
+        UnnamedLayer layer;
+        std::set<std::string> drawings;
+    };
+    std::map<std::string, Unnamed> unnamedByLayer;
     for (const DrawingResult& r : run.drawings) {
         for (const LayerDeviation& d : r.audit.deviations) {
             KeyCount& k = byKey[d.key];
@@ -102,7 +106,11 @@ void appendOverview(std::string& out, const AuditRun& run) {
             k.drawings.insert(r.path);
             k.properties.insert(propertyName(d.property));
         }
-        for (const UnnamedLayer& u : r.audit.unnamed) unnamedByLayer[upperCase(u.layer)].insert(r.path);
+        for (const UnnamedLayer& u : r.audit.unnamed) {
+            Unnamed& found = unnamedByLayer[upperCase(u.layer)];
+            if (found.drawings.empty()) found.layer = u;
+            found.drawings.insert(r.path);
+        }
     }
     out += "<h2>Deviating drawings per key</h2>\n";
     if (byKey.empty()) {
@@ -117,9 +125,12 @@ void appendOverview(std::string& out, const AuditRun& run) {
         }
         out += "</tbody></table>\n";
     }
-    if (!unnamedByLayer.empty())
-        out += "<p>" + std::to_string(unnamedByLayer.size()) + " layer names no key names appear in " +
-               "the drawings; see each drawing below.</p>\n";
+    if (unnamedByLayer.empty()) return;
+    out += "<h2>Layers without a key</h2>\n" + head({"Layer", "Drawings", "Nearest key", "Its layer"});
+    for (const auto& [folded, found] : unnamedByLayer)
+        out += "<tr>" + cell(esc(found.layer.layer)) + cell(std::to_string(found.drawings.size()), "num") +
+               cell(esc(found.layer.hintKey)) + cell(esc(found.layer.hintName)) + "</tr>\n";
+    out += "</tbody></table>\n";
 }
 
 void appendDrawing(std::string& out, const AuditRun& run, const DrawingResult& r, size_t index) {
@@ -127,29 +138,37 @@ void appendDrawing(std::string& out, const AuditRun& run, const DrawingResult& r
     out += "<h2 id=\"d" + std::to_string(index) + "\">" + esc(r.path) + " " + badge(run, r) + "</h2>\n";
     if (!r.failure.empty()) out += "<p class=\"err\">" + esc(r.failure) + "</p>\n";
     if (!a.deviations.empty()) {
-        out += head({"Layer", "Key", "Property", "Standard", "Drawing", "Apply"});
+        out += run.apply ? head({"Layer", "Key", "Property", "Standard", "Drawing", "Applied"})
+                         : head({"Layer", "Key", "Property", "Standard", "Drawing"});
         for (const LayerDeviation& d : a.deviations) {
-            const bool fixed = isResolved(run, r, d);
             out += "<tr>" + cell(esc(d.layer)) + cell(esc(d.key)) + cell(propertyName(d.property)) +
-                   valueCell(d, d.fileValue, d.fileRgb) + valueCell(d, d.drawingValue, d.drawingRgb) +
-                   cell(fixed ? "<span class=\"fixed\">fixed</span>" : run.dryRun ? "<span class=\"would\">would fix</span>" : "") +
-                   "</tr>\n";
+                   valueCell(d, d.fileValue, d.fileRgb) + valueCell(d, d.drawingValue, d.drawingRgb);
+            if (run.apply)
+                out += cell(isResolved(run, r, d) ? "<span class=\"fixed\">fixed</span>"
+                            : run.dryRun           ? "<span class=\"would\">would be fixed</span>"
+                                                   : "<span class=\"err\">not fixed</span>");
+            out += "</tr>\n";
         }
         out += "</tbody></table>\n";
     }
     if (!a.unnamed.empty()) {
-        out += head({"Layer no key names", "Nearest key", "Its layer"});
+        out += head({"Layer without a key", "Nearest key", "Its layer"});
         for (const UnnamedLayer& u : a.unnamed)
             out += "<tr>" + cell(esc(u.layer)) + cell(esc(u.hintKey)) + cell(esc(u.hintName)) + "</tr>\n";
         out += "</tbody></table>\n";
     }
-    const std::vector<LayerChange>& changes = a.changes;
-    const bool anyFailed = std::any_of(changes.begin(), changes.end(), [](const LayerChange& c) { return !c.failure.empty(); });
-    if (anyFailed) {
-        out += head({"Layer", "Change", "To", "Why it failed"});
-        for (const LayerChange& c : changes)
-            if (!c.failure.empty())
-                out += "<tr>" + cell(esc(c.layer)) + cell(esc(c.what)) + cell(esc(c.to)) + cell(esc(c.failure), "err") + "</tr>\n";
+    // Property changes show in the deviations' table; layer moves and failures show here.
+    std::vector<const LayerChange*> shown;
+    for (const LayerChange& c : a.changes)
+        if (c.what == kRenamedTo || c.what == kMergedInto || !c.failure.empty()) shown.push_back(&c);
+    if (!shown.empty()) {
+        out += head({"Layer", "Change", "To", "Result"});
+        for (const LayerChange* c : shown)
+            out += "<tr>" + cell(esc(c->layer)) + cell(esc(c->what)) + cell(esc(c->to)) +
+                   (!c->failure.empty() ? cell(esc(c->failure), "err")
+                    : run.dryRun        ? cell("<span class=\"would\">would be done</span>")
+                                        : cell("<span class=\"fixed\">done</span>")) +
+                   "</tr>\n";
         out += "</tbody></table>\n";
     }
     if (!a.missing.empty()) {
@@ -177,7 +196,7 @@ std::string htmlReport(const AuditRun& run) {
                   run.drawings.size(), meeting, run.drawings.size() - meeting - failed, failed,
                   run.dryRun ? " &middot; dry run, nothing saved" : run.apply ? " &middot; standard applied" : "");
     appendOverview(out, run);
-    out += "<h2>Drawings</h2>\n" + head({"Drawing", "Deviations", "Layers no key names", "Keys without layer", "Result"});
+    out += "<h2>Drawings</h2>\n" + head({"Drawing", "Deviations", "Layers without a key", "Keys without a layer", "Result"});
     for (size_t i = 0; i < run.drawings.size(); ++i) {
         const DrawingResult& r = run.drawings[i];
         out += "<tr>" + cell("<a href=\"#d" + std::to_string(i) + "\">" + esc(r.path) + "</a>") +

@@ -102,12 +102,12 @@ TEST_F(LayerAudit, FindsTheDeviationsAndListsUnreadableDrawings) {
     const RunResult r = audit({plans.string(), "--report", html.string(), "--report", csv.string()});
     EXPECT_EQ(r.exitCode, 3) << r.output;
     const std::string deviating = (plans / "sub" / "deviating.dxf").string();
-    EXPECT_NE(r.output.find(deviating + ": 3 deviations, 4 layers no key names (62 keys without a layer)"),
+    EXPECT_NE(r.output.find(deviating + ": 3 deviations, 4 layers without a key (62 keys without a layer)"),
               std::string::npos) << r.output;
     EXPECT_NE(r.output.find("  A-Wand-tragend [A_WAND_TRAG] colour: 1, standard 7\n"), std::string::npos);
     EXPECT_NE(r.output.find("  A-Wand-tragend [A_WAND_TRAG] lineweight: 0.25 mm, standard 0.50 mm\n"), std::string::npos);
     EXPECT_NE(r.output.find("  A-Achsen [A_ACHSE] linetype: CONTINUOUS, standard ARDO_STRICHPUNKT\n"), std::string::npos);
-    EXPECT_NE(r.output.find("  Bestand-alt: no key; nearest A_WAND_BESTAND \"A-Wand-Bestand\"\n"), std::string::npos);
+    EXPECT_NE(r.output.find("  Bestand-alt: no key names it; nearest A_WAND_BESTAND \"A-Wand-Bestand\"\n"), std::string::npos);
     EXPECT_NE(r.output.find((plans / "broken.dxf").string() + ": "), std::string::npos);
     EXPECT_NE(r.output.find("3 drawings: 0 meet the standard, 2 deviate, 1 failed\n"), std::string::npos);
     EXPECT_NE(r.output.find(" drawings/s with "), std::string::npos);
@@ -160,6 +160,30 @@ TEST_F(LayerAudit, DryRunAndUnchangedDrawingsLeaveTheFilesAlone) {
     EXPECT_EQ(applied.exitCode, 1) << applied.output;
     EXPECT_EQ(readAll(plans / "office.dxf"), office);
     EXPECT_EQ(fs::last_write_time(plans / "office.dxf"), stamp);
+}
+
+// The page's own script sorts a table when a column heading is clicked: a browser with the
+// clicks appended prints the document as it then is.
+TEST_F(LayerAudit, ReportSortsByAClickedColumnInABrowser) {
+    if (RunResult probe = runProcess({"chromium", "--version"}, {}, ""); probe.exitCode != 0)
+        GTEST_SKIP() << "chromium (Debian chromium) is not installed";
+    const fs::path html = install.scratch("report.html"), clicked = install.scratch("clicked.html");
+    audit({plans.string(), "--report", html.string()});
+    std::string page = readAll(html);
+    // The drawings table is the one with a "Deviations" column; two clicks sort it descending.
+    page.insert(page.rfind("</body>"),
+                "<script>document.querySelectorAll('table').forEach(function(t){var h=t.querySelectorAll('th');"
+                "if(h[1]&&h[1].textContent==='Deviations'){h[1].click();h[1].click();}});</script>");
+    std::ofstream(clicked) << page;
+    const RunResult dom = runProcess({"chromium", "--headless", "--no-sandbox", "--disable-gpu", "--dump-dom",
+                                      "file://" + clicked.string()}, {}, "");
+    ASSERT_EQ(dom.exitCode, 0) << dom.output;
+    const size_t office = dom.output.find("office.dxf</a>"), deviating = dom.output.find("deviating.dxf</a>");
+    ASSERT_NE(office, std::string::npos);
+    ASSERT_NE(deviating, std::string::npos);
+    EXPECT_LT(deviating, office) << "3 deviations sort before 0";
+    EXPECT_NE(dom.output.find("<th class=\"desc\">Deviations</th>"), std::string::npos);
+    EXPECT_LT(page.find("office.dxf</a>"), page.find("deviating.dxf</a>")) << "the page lists the drawings by path";
 }
 
 TEST_F(LayerAudit, BadInputStopsWithAMessage) {

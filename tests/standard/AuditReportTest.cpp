@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "standard/AuditReport.h"
+#include "standard/RenameMap.h"
 
 namespace ardo::test {
 
@@ -59,9 +60,9 @@ TEST(AuditReports, AppliedChangesResolveTheirDeviationsOnlyOutsideADryRun) {
 
 TEST(AuditReports, ConsoleSummaryCountsAndTimes) {
     const std::string text = consoleSummary(sampleRun());
-    EXPECT_NE(text.find("plans/a <1>.dxf: 2 deviations, 1 layer no key names (1 key without a layer)\n"), std::string::npos);
+    EXPECT_NE(text.find("plans/a <1>.dxf: 2 deviations, 1 layer without a key (1 key without a layer)\n"), std::string::npos);
     EXPECT_NE(text.find("  A-Wand [A_WAND] colour: 1, standard 7\n"), std::string::npos);
-    EXPECT_NE(text.find("  Bestand, alt: no key; nearest A_BESTAND"), std::string::npos);
+    EXPECT_NE(text.find("  Bestand, alt: no key names it; nearest A_BESTAND"), std::string::npos);
     EXPECT_NE(text.find("plans/c.dxf: meets the standard"), std::string::npos);
     EXPECT_NE(text.find("plans/d.dxf: Line 7: not a DXF file\n"), std::string::npos);
     EXPECT_NE(text.find("4 drawings: 1 meet the standard, 2 deviate, 1 failed\n"), std::string::npos);
@@ -108,6 +109,21 @@ TEST(AuditReports, HtmlIsOneSelfContainedPage) {
     EXPECT_EQ(count(html, "<table class=\"sortable\">"), count(html, "<table"));
     EXPECT_TRUE(std::regex_search(html, std::regex("<td>A_WAND</td><td>[^<]*</td><td class=\"num\">2</td>")));
     EXPECT_NE(html.find("Line 7: not a DXF file"), std::string::npos);
+}
+
+TEST(AuditReports, HtmlShowsLayerMovesAndFailedChangesWithTheirResult) {
+    AuditRun run = sampleRun();
+    run.apply = true;
+    run.drawings.resize(2);
+    run.drawings[1].audit.changes = {{"Bestand", kMergedInto, "", "A-Wand", ""},
+                                     {"a-wand", "linetype", "CONTINUOUS", "DASHED", "no <DASHED> in the file"}};
+    const std::string html = htmlReport(run);
+    EXPECT_NE(html.find("<td>Bestand</td><td>merged into</td><td>A-Wand</td><td><span class=\"fixed\">done</span></td>"),
+              std::string::npos);
+    EXPECT_NE(html.find("<td class=\"err\">no &lt;DASHED&gt; in the file</td>"), std::string::npos);
+    EXPECT_NE(html.find("<span class=\"err\">not fixed</span>"), std::string::npos);
+    run.dryRun = true;
+    EXPECT_NE(htmlReport(run).find("would be done"), std::string::npos);
 }
 
 }  // namespace ardo::test
