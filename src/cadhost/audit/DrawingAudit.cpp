@@ -31,11 +31,13 @@ std::optional<FileStamp> stampOf(const std::string& path) {
     return FileStamp{st.st_dev, st.st_ino, st.st_size, st.st_mtim};
 }
 
-void appendTo(void* context, const char* text, std::size_t size) {
-    static_cast<std::string*>(context)->append(text, size);
-}
-
 }  // namespace
+
+ArdoTextSink appendingTo(std::string& text) {
+    return {&text, [](void* context, const char* chars, std::size_t size) {
+                static_cast<std::string*>(context)->append(chars, size);
+            }};
+}
 
 std::string encodeOutcome(const DrawingOutcome& o) {
     std::string out;
@@ -94,8 +96,8 @@ DrawingOutcome auditDrawing(const std::string& path, const LayerAuditOptions& op
     call.apply = options.apply;
     call.dryRun = options.dryRun;
     call.renameFile = options.renameFile ? options.renameFile->c_str() : nullptr;
-    call.out = {&outcome.record, appendTo};
-    call.messages = {&messages, appendTo};
+    call.out = appendingTo(outcome.record);
+    call.messages = appendingTo(messages);
     const int status = entry(&call);
     if (status == 2) outcome.runFailure = messages;
     else if (status != 0) outcome.failure = messages;

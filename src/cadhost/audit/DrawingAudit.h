@@ -30,6 +30,9 @@ std::optional<DrawingOutcome> decodeOutcome(const std::string& path, const std::
 DrawingOutcome auditDrawing(const std::string& path, const LayerAuditOptions& options, const std::string& module,
                             const std::string& programFolder);
 
+// A sink for the module's text that appends to the string.
+ArdoTextSink appendingTo(std::string& text);
+
 // The layer-standard entry of the loaded module, or null when the module has none.
 ArdoLayerStandardEntry layerStandardEntry(CadHost& host, const std::string& module);
 

@@ -202,10 +202,6 @@ private:
     std::string runFailure_;
 };
 
-void appendTo(void* context, const char* text, std::size_t size) {
-    static_cast<std::string*>(context)->append(text, size);
-}
-
 // The module merges the outcomes, prints the summary and writes the reports.
 int writeReports(const std::vector<DrawingOutcome>& outcomes, const LayerAuditOptions& options,
                  const std::string& module, double seconds, int workers) {
@@ -229,8 +225,8 @@ int writeReports(const std::vector<DrawingOutcome>& outcomes, const LayerAuditOp
     call.operation = kArdoWriteReports;
     call.apply = options.apply;
     call.dryRun = options.dryRun;
-    call.out = {&summary, appendTo};
-    call.messages = {&messages, appendTo};
+    call.out = appendingTo(summary);
+    call.messages = appendingTo(messages);
     call.drawings = drawings.data();
     call.drawingCount = drawings.size();
     call.reportFiles = reports.data();
