@@ -43,7 +43,7 @@ int loadMerged(const ArdoStandardCall& call, const HostDrawing& drawing, Central
         return kRunFailed;
     }
     if (!list.mergeDrawingLayers(drawing)) {
-        send(call.messages, "the drawing's layer table could not be read to its end");
+        send(call.messages, "the drawing's layer table is missing or could not be read to its end");
         return kDrawingFailed;
     }
     return 0;
