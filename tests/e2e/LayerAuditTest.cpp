@@ -198,6 +198,11 @@ TEST_F(LayerAudit, BadInputStopsWithAMessage) {
     EXPECT_EQ(nothing.exitCode, 3) << nothing.output;
     EXPECT_EQ(install.run({"--audit-layers"}).exitCode, 2);
     EXPECT_EQ(install.run({"--audit-layers", "--dry-run", "x.dxf"}).exitCode, 2);
+    EXPECT_EQ(install.run({"--audit-layers", "--jobs", "0", "x.dxf"}).exitCode, 2);
+    const RunResult report = install.run({"--audit-layers", "--report", "r.txt", "x.dxf"});
+    EXPECT_EQ(report.exitCode, 2);
+    EXPECT_NE(report.output.find("--report writes an .html or a .csv file, not \"r.txt\""), std::string::npos);
+    EXPECT_EQ(install.run({"--apply", plans.string()}).exitCode, 2) << "the audit's options need --audit-layers";
 }
 
 // Every corpus drawing against a central file that names its layers with another colour and

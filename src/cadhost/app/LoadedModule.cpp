@@ -32,4 +32,11 @@ void* LoadedModule::symbol(const char* name) const { return dlsym(handle_, name)
 
 LoadedModule::~LoadedModule() { dlclose(handle_); }
 
+std::string LoadedModule::version() const {
+    using VersionFunction = const char* (*)();
+    auto function = reinterpret_cast<VersionFunction>(dlsym(handle_, "ardoModuleVersion"));
+    const char* text = function ? function() : nullptr;
+    return text ? text : "";
+}
+
 }  // namespace cadhost

@@ -21,6 +21,8 @@ public:
     // The file name, as (arx) lists the application.
     const std::string& appName() const { return appName_; }
     int send(AppMsg message, void* appId) const { return entry_(message, appId); }
+    // The version the module exports as ardoModuleVersion(), or empty when it exports none.
+    std::string version() const;
     // An exported symbol of the module, or null.
     void* symbol(const char* name) const;
 

@@ -8,7 +8,8 @@
 
 namespace cadhost::audit {
 
-// The process's exit status (see kLayerAuditUsage; 2 when the run could not be made).
+// The process's exit status: 0 every drawing meets the standard, 1 deviations, 2 the run
+// could not be made, 3 drawings failed.
 int runLayerAudit(const LayerAuditOptions& options, const std::string& module, const std::string& programFolder);
 
 }  // namespace cadhost::audit

@@ -8,10 +8,10 @@
 
 namespace cadhost::console {
 
-// The process's exit code: 0, or 1 after a failure the user was told about.
 // The module to load: the one asked for, or ardo.arx beside ardo-cad when it is there.
 std::optional<std::string> modulePath(const ConsoleOptions& options, const std::string& programFolder);
 
+// The process's exit code: 0, or 1 after a failure the user was told about.
 int runConsole(const ConsoleOptions& options, const std::string& programFolder);
 
 }  // namespace cadhost::console

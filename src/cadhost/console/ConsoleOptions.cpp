@@ -4,15 +4,71 @@
 
 namespace cadhost::console {
 
-const char* const kUsage =
-    "usage: ardo-cad [drawing.dxf] [-e EXPR]... [-s script.lsp]... [-o out.dxf]\n"
-    "                [--answer yes|no|ok|cancel]... [--no-module | --module PATH]\n"
-    "  -e EXPR      evaluate a LISP expression after start-up (repeatable)\n"
-    "  -s FILE      run a script of LISP expressions and command lines (repeatable)\n"
-    "  -o FILE      save the drawing as DXF at the end\n"
-    "  --answer A   answer the next message box in script mode (repeatable, in order)\n"
-    "  --module P   load this module instead of ardo.arx beside ardo-cad\n"
-    "  --no-module  load no module\n";
+namespace {
+
+constexpr std::size_t kTextColumn = 20;
+
+// A new option is one row here and one branch in parseOptions.
+constexpr OptionRow kOptions[] = {
+    {"-e", "EXPR", true, "evaluate a LISP expression after start-up"},
+    {"-s", "FILE", true, "run a script of LISP expressions and command lines"},
+    {"-o", "FILE", false, "save the drawing as DXF at the end"},
+    {"--answer", "yes|no|ok|cancel", true, "answer the next message box in script mode, in the order given"},
+    {"--module", "PATH", false, "load this module instead of ardo.arx beside ardo-cad"},
+    {"--no-module", "", false, "load no module"},
+    {"--version", "", false, "print the program, module and DXF versions and exit"},
+    {"--audit-layers", "", false,
+     "audit the drawings and folders given against the central layer file (exit status 1: deviations)"},
+    {"--central", "FILE", false, "with --audit-layers: the central layer file instead of the configured one"},
+    {"--apply", "", false, "with --audit-layers: bring the named layers in line and save the drawings"},
+    {"--rename", "MAPFILE", false, "with --audit-layers: move layers by a file of old name patterns and keys"},
+    {"--dry-run", "", false, "with --apply or --rename: tell what would change and save nothing"},
+    {"--report", "FILE", true, "with --audit-layers: write an .html or a .csv report"},
+    {"--jobs", "N", false, "with --audit-layers: drawings audited at once (default: the number of cores)"},
+    {"-h, --help", "", false, "print this help and exit"},
+};
+
+std::string synopsisItem(const OptionRow& row) {
+    std::string item = "[" + synopsisName(row);
+    if (*row.value) item += std::string(" ") + row.value;
+    return item + (row.repeatable ? "]..." : "]");
+}
+
+}  // namespace
+
+std::span<const OptionRow> optionTable() { return kOptions; }
+
+std::string synopsisName(const OptionRow& row) {
+    const std::string names = row.names;
+    const auto comma = names.rfind(", ");
+    return comma == std::string::npos ? names : names.substr(comma + 2);
+}
+
+const char* const kOperands = "[drawing.dxf]";
+
+std::string usageText() {
+    std::string text = std::string("usage: ardo-cad ") + kOperands;
+    std::size_t column = text.size();
+    for (const OptionRow& row : kOptions) {
+        const std::string item = synopsisItem(row);
+        if (column + 1 + item.size() > 78) {
+            text += "\n               ";
+            column = 15;
+        }
+        text += " " + item;
+        column += 1 + item.size();
+    }
+    text += "\n";
+    for (const OptionRow& row : kOptions) {
+        std::string left = std::string("  ") + row.names;
+        if (*row.value) left += std::string(" ") + row.value;
+        // A long option and value get the text on a line of its own.
+        left = left.size() + 2 > kTextColumn ? left + "\n" + std::string(kTextColumn, ' ')
+                                              : left + std::string(kTextColumn - left.size(), ' ');
+        text += left + row.text + (row.repeatable ? " (repeatable)" : "") + "\n";
+    }
+    return text;
+}
 
 std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::string>& args) {
     ConsoleOptions o;
@@ -21,11 +77,16 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
         auto value = [&]() -> const std::string* { return i + 1 < args.size() ? &args[++i] : nullptr; };
         if (a == "-h" || a == "--help") {
             o.help = true;
+        } else if (a == "--version") {
+            o.version = true;
         } else if (a == "--audit-layers") {
-            auto parsed = audit::parseLayerAuditOptions({args.begin() + static_cast<std::ptrdiff_t>(i) + 1, args.end()});
-            if (auto* error = std::get_if<std::string>(&parsed)) return *error;
-            o.audit = std::move(std::get<audit::LayerAuditOptions>(parsed));
-            break;
+            o.auditLayers = true;
+        } else if (a == "--apply" || a == "--dry-run") {
+            (a == "--apply" ? o.audit.apply : o.audit.dryRun) = true;
+        } else if (a == "--central" || a == "--rename" || a == "--report" || a == "--jobs") {
+            const std::string* v = value();
+            if (!v) return "option " + a + " needs a value";
+            audit::setLayerAuditValue(o.audit, a, *v);
         } else if (a == "--no-module") {
             o.noModule = true;
         } else if (a == "-e" || a == "-s" || a == "-o" || a == "--answer" || a == "--module") {
@@ -42,15 +103,20 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
             }
         } else if (a.starts_with('-') && a.size() > 1) {
             return "unknown option " + a;
-        } else if (o.drawing) {
-            return "only one drawing can be opened; \"" + a + "\" is a second one";
         } else {
-            o.drawing = a;
+            o.audit.inputs.push_back(a);
         }
     }
+    // Without --audit-layers the one operand is the drawing to open.
+    if (!o.auditLayers && !o.audit.inputs.empty()) {
+        if (o.audit.inputs.size() > 1)
+            return "only one drawing can be opened; \"" + o.audit.inputs[1] + "\" is a second one";
+        o.drawing = o.audit.inputs.front();
+        o.audit.inputs.clear();
+    }
+    if (o.auditLayers && (o.noModule || !o.steps.empty() || o.output))
+        return "--audit-layers works with the module and without -e, -s and -o";
     if (o.noModule && o.module) return "--no-module and --module exclude each other";
-    if (o.audit && (o.noModule || o.drawing || !o.steps.empty() || o.output))
-        return "--audit-layers goes with --module only; the drawings follow it";
     return o;
 }
 

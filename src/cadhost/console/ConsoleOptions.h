@@ -1,9 +1,8 @@
 #pragma once
-// The command line of ardo-cad:
-//   ardo-cad [drawing.dxf] [-e EXPR]... [-s script.lsp]... [-o out.dxf]
-//            [--answer yes|no|ok|cancel]... [--no-module | --module PATH]
-//   ardo-cad [--module PATH] --audit-layers ... (see LayerAuditOptions.h)
+// The command line of ardo-cad. The option table below is the one description of the options:
+// the parser's help text and the man page are both made from it.
 #include <optional>
+#include <span>
 #include <string>
 #include <variant>
 #include <vector>
@@ -27,12 +26,31 @@ struct ConsoleOptions {
     bool noModule = false;
     std::optional<std::string> module;
     bool help = false;
-    // Set by --audit-layers, which takes every argument after it.
-    std::optional<audit::LayerAuditOptions> audit;
+    bool version = false;
+    // --audit-layers: the drawings and folders given are audited (checkLayerAudit says
+    // whether the run can be made).
+    bool auditLayers = false;
+    audit::LayerAuditOptions audit;
 };
+
+// One row of the option table: its spellings ("-h, --help"), the name of its value (empty
+// for a switch), whether it may be given more than once, and what it does.
+struct OptionRow {
+    const char* names;
+    const char* value;
+    bool repeatable;
+    const char* text;
+};
+
+std::span<const OptionRow> optionTable();
+// The spelling the synopsis shows: the last one, "--help" for "-h, --help".
+std::string synopsisName(const OptionRow& row);
+// The operands after the options, as the synopsis shows them.
+extern const char* const kOperands;
+// "usage: ..." and one line per option, as --help prints it.
+std::string usageText();
 
 // The options, or a message saying what is wrong.
 std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::string>& args);
-extern const char* const kUsage;
 
 }  // namespace cadhost::console

@@ -6,6 +6,7 @@
 
 #include "cadhost/audit/LayerAuditRun.h"
 #include "cadhost/console/Console.h"
+#include "cadhost/console/VersionText.h"
 
 namespace {
 
@@ -23,22 +24,30 @@ int main(int argc, char** argv) {
     using namespace cadhost::console;
     const auto parsed = parseOptions(std::vector<std::string>(argv + 1, argv + argc));
     if (const auto* error = std::get_if<std::string>(&parsed)) {
-        std::cerr << "ardo-cad: " << *error << '\n' << kUsage << cadhost::audit::kLayerAuditUsage;
+        std::cerr << "ardo-cad: " << *error << '\n' << usageText();
         return 2;
     }
-    const ConsoleOptions& options = std::get<ConsoleOptions>(parsed);
+    ConsoleOptions options = std::get<ConsoleOptions>(parsed);
     if (options.help) {
-        std::cout << kUsage << cadhost::audit::kLayerAuditUsage;
+        std::cout << usageText();
         return 0;
     }
-    if (options.audit) {
-        const std::string folder = programFolder(argv[0]);
+    const std::string folder = programFolder(argv[0]);
+    if (options.version) {
+        std::cout << versionText(modulePath(options, folder));
+        return 0;
+    }
+    if (const auto error = cadhost::audit::checkLayerAudit(options.auditLayers, options.audit)) {
+        std::cerr << "ardo-cad: " << *error << '\n' << usageText();
+        return 2;
+    }
+    if (options.auditLayers) {
         const auto module = modulePath(options, folder);
         if (!module) {
             std::cerr << "ardo-cad: --audit-layers needs the module; put ardo.arx beside ardo-cad or name it with --module\n";
             return 2;
         }
-        return cadhost::audit::runLayerAudit(*options.audit, *module, folder);
+        return cadhost::audit::runLayerAudit(options.audit, *module, folder);
     }
-    return runConsole(options, programFolder(argv[0]));
+    return runConsole(options, folder);
 }

@@ -29,3 +29,6 @@ extern "C" __attribute__((visibility("default"))) int acrxGetApiVersion() { retu
 extern "C" __attribute__((visibility("default"))) int ardoLayerStandard(ArdoStandardCall* call) {
     return call ? ardo::runLayerStandard(*call) : 2;
 }
+
+// The version the module was built as, for the host's --version.
+extern "C" __attribute__((visibility("default"))) const char* ardoModuleVersion() { return ARDO_VERSION; }

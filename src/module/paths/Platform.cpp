@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <vector>
 
 namespace ardo::platform {
@@ -54,6 +55,13 @@ std::string loginName() {
     return name.size() < kNameBuffer ? name : std::string();
 }
 
+std::string homeFolder() {
+    std::string home = environment("HOME");
+    if (home.empty())
+        if (const passwd* entry = userEntry(); entry && entry->pw_dir) home = entry->pw_dir;
+    return home;
+}
+
 std::string fullUserName() {
     const passwd* entry = userEntry();
     if (!entry || !entry->pw_gecos) return {};
@@ -77,6 +85,12 @@ std::string tempFolder() {
 bool folderExists(const std::string& path) {
     struct stat info {};
     return stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+bool createFolders(const std::string& path) {
+    std::error_code ec;
+    std::filesystem::create_directories(path, ec);
+    return folderExists(path);
 }
 
 bool createFolder(const std::string& path) { return mkdir(path.c_str(), 0777) == 0; }

@@ -15,7 +15,12 @@ std::string computerName();
 // The temporary folder (TMPDIR, else /tmp), always ending with the separator.
 std::string tempFolder();
 
+// The user's home folder: HOME, else the password database entry; empty when neither gives one.
+std::string homeFolder();
+
 bool folderExists(const std::string& path);
+// Creates the folder and every missing folder above it; true when it exists afterwards.
+bool createFolders(const std::string& path);
 // Creates one folder; false when it cannot be created (also when it exists).
 bool createFolder(const std::string& path);
 bool changeDirectory(const std::string& path);

@@ -80,6 +80,13 @@ std::string systemConfigurationFile() {
 int readUserRoot(std::string& result) {
     result = GetPrivateProfileStringW("ARDO_SYS_INI", "USER_ROOT", "", kPathBuffer, systemConfigurationFile()).text;
     if (result.empty()) return RTERROR;
+    // A root in the home ("~/...") lets one read-only installation serve every user; the
+    // folder is the user's own, so it is made on first use.
+    if (result == "~" || result.starts_with("~/")) {
+        result = joinPath(platform::homeFolder(), result.substr(std::min<size_t>(2, result.size())));
+        platform::createFolders(result);
+        return RTNORM;
+    }
     // A relative root lies below the program folder, so an installation can carry its users.
     if (result.front() != kPathSeparator) result = joinPath(moduleFiles().programFolder, result);
     return RTNORM;

@@ -181,6 +181,29 @@ TEST_F(UserFileTest, TheProgramFoldersDefaultIsCopiedDownTheChain) {
     EXPECT_EQ(readFile(userRoot + "/anna/ArdoHighlight.ini"), "[HIGHLIGHT]\n");
 }
 
+// An installed, read-only program folder with its users in their homes.
+TEST_F(UserFileTest, ARootInTheHomeIsMadeOnFirstUseAndFilledFromTheProgramFolder) {
+    const char* savedHome = std::getenv("HOME");
+    const std::string saved = savedHome ? savedHome : "";
+    const std::string home = folder / "home";
+    ::setenv("HOME", home.c_str(), 1);
+    configureUserRoot("~/.config/ardo", false);
+    writeFile(programFolder + "DefaultIni/ArdoSetup.ini", "[CONFIG]\n");
+    std::filesystem::permissions(programFolder, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+
+    std::string root, file;
+    EXPECT_EQ(readUserRoot(root), RTNORM);
+    EXPECT_EQ(root, home + "/.config/ardo");
+    EXPECT_EQ(provideUserFile(file, "ArdoSetup.ini", "", "anna", false), RTNORM);
+    EXPECT_EQ(file, home + "/.config/ardo/anna/ArdoSetup.ini");
+    EXPECT_EQ(readFile(file), "[CONFIG]\n");
+    EXPECT_TRUE(host.alerts.empty());
+
+    std::filesystem::permissions(programFolder, std::filesystem::perms::owner_all);
+    if (savedHome) ::setenv("HOME", saved.c_str(), 1);
+    else ::unsetenv("HOME");
+}
+
 TEST_F(UserFileTest, AReadOnlyDefaultGivesAWritableCopy) {
     configureUserRoot(userRoot);
     const std::string installed = programFolder + "DefaultIni/Ardo.ini";
