@@ -69,13 +69,13 @@ int main() {
     t = Clock::now();
     auto opened = cadhost::Drawing::open(file.string());
     const double load = seconds(t);
-    if (auto* e = std::get_if<std::string>(&opened)) { std::fprintf(stderr, "%s\n", e->c_str()); return 1; }
-    cadhost::Drawing& d = std::get<cadhost::Drawing>(opened);
+    if (!opened) { std::fprintf(stderr, "%s\n", opened.error().c_str()); return 1; }
+    cadhost::Drawing& d = *opened;
     const double rssAfterLoad = peakRssMb();
     std::printf("entities read: %zu\n", d.entityCount());
 
     t = Clock::now();
-    if (auto e = d.save(saved.string())) { std::fprintf(stderr, "%s\n", e->c_str()); return 1; }
+    if (const ardo::Status s = d.save(saved.string()); !s) { std::fprintf(stderr, "%s\n", s.error().c_str()); return 1; }
     const double save = seconds(t);
 
     std::printf("plain read     %8.3f s %9.1f MB/s\n", plainRead, mb / plainRead);

@@ -16,7 +16,8 @@
 #include <string>
 #include <vector>
 
-#include "cadhost/app/CadHost.h"
+#include "cadhost/app/Application.h"
+#include "cadhost/app/ConsoleInterface.h"
 #include "cadhost/app/ModuleLoader.h"
 
 extern char** environ;
@@ -57,7 +58,7 @@ fs::path makeInstallation(const fs::path& root) {
 // Seconds for `calls` evaluations of the expressions that make(i) gives; stops at the first
 // failure, which it reports.
 template <typename Make>
-double timeCalls(cadhost::CadHost& host, int calls, Make make, const char* expect) {
+double timeCalls(cadhost::Application& host, int calls, Make make, const char* expect) {
     const auto start = Clock::now();
     for (int i = 1; i <= calls; ++i) {
         const auto r = host.lisp().evaluate(make(i));
@@ -112,12 +113,14 @@ int main() {
     setenv("TMPDIR", (root / "tmp").c_str(), 1);
 
     {
-        cadhost::CadHost host(cadhost::Drawing(), false, [](std::string_view) {});
-        if (auto error = host.modules().load((folder / "ardo.arx").string())) {
-            std::fprintf(stderr, "%s\n", error->c_str());
+        cadhost::ConsoleInterface ui([](std::string_view) {});
+        cadhost::Application host(ui);
+        host.addDocument(cadhost::Drawing(), false);
+        if (const ardo::Status loaded = host.modules().load((folder / "ardo.arx").string()); !loaded) {
+            std::fprintf(stderr, "%s\n", loaded.error().c_str());
             return 1;
         }
-        host.runQueuedExpressions();
+        host.idle();
         host.lisp().evaluate("(kemb_newlayer \"B\" \"B_00000\")");
 
         std::printf("%d calls each, one run (reader, interpreter, dispatch into ardo.arx, handler, drawing):\n",

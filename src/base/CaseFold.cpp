@@ -6,7 +6,31 @@ namespace ardo {
 
 namespace {
 
-char32_t upperOf(char32_t c) {
+bool isWhite(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f'; }
+
+// Folds every letter of the text; ASCII text takes the short way.
+template <class Fold>
+std::string foldText(std::string_view utf8, Fold fold) {
+    std::string out;
+    out.reserve(utf8.size());
+    size_t pos = 0;
+    while (pos < utf8.size()) {
+        auto b = static_cast<unsigned char>(utf8[pos]);
+        if (b < 0x80) {
+            out += char(fold(b));
+            ++pos;
+            continue;
+        }
+        appendUtf8(out, fold(decodeUtf8At(utf8, pos)));
+    }
+    return out;
+}
+
+}  // namespace
+
+// The letters of Windows-1252: ASCII, Latin-1 (not × and ÷, and ß has no capital) and
+// Š š Œ œ Ž ž Ÿ ÿ.
+char32_t upperChar(char32_t c) {
     if (c >= 'a' && c <= 'z') return c - 0x20;
     if (c < 0x80) return c;
     if (c >= 0xE0 && c <= 0xFE && c != 0xF7) return c - 0x20;
@@ -19,25 +43,22 @@ char32_t upperOf(char32_t c) {
     }
 }
 
-bool isWhite(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f'; }
-
-}  // namespace
-
-std::string upperCase(std::string_view utf8) {
-    std::string out;
-    out.reserve(utf8.size());
-    size_t pos = 0;
-    while (pos < utf8.size()) {
-        auto b = static_cast<unsigned char>(utf8[pos]);
-        if (b < 0x80) {
-            out += (b >= 'a' && b <= 'z') ? char(b - 0x20) : char(b);
-            ++pos;
-            continue;
-        }
-        appendUtf8(out, upperOf(decodeUtf8At(utf8, pos)));
+char32_t lowerChar(char32_t c) {
+    if (c >= 'A' && c <= 'Z') return c + 0x20;
+    if (c < 0x80) return c;
+    if (c >= 0xC0 && c <= 0xDE && c != 0xD7) return c + 0x20;
+    switch (c) {
+        case 0x178: return 0xFF;
+        case 0x160: return 0x161;
+        case 0x152: return 0x153;
+        case 0x17D: return 0x17E;
+        default: return c;
     }
-    return out;
 }
+
+std::string lowerCase(std::string_view utf8) { return foldText(utf8, lowerChar); }
+
+std::string upperCase(std::string_view utf8) { return foldText(utf8, upperChar); }
 
 bool equalsNoCase(std::string_view a, std::string_view b) {
     size_t i = 0, j = 0;
@@ -52,7 +73,7 @@ bool equalsNoCase(std::string_view a, std::string_view b) {
             ++j;
             continue;
         }
-        if (upperOf(decodeUtf8At(a, i)) != upperOf(decodeUtf8At(b, j))) return false;
+        if (upperChar(decodeUtf8At(a, i)) != upperChar(decodeUtf8At(b, j))) return false;
     }
     return i == a.size() && j == b.size();
 }

@@ -7,6 +7,10 @@
 namespace ardo {
 
 std::string upperCase(std::string_view utf8);
+std::string lowerCase(std::string_view utf8);
+// One character; letters without a case pair (and "ß") come back unchanged.
+char32_t upperChar(char32_t c);
+char32_t lowerChar(char32_t c);
 bool equalsNoCase(std::string_view a, std::string_view b);
 // Trims blanks, tabs, carriage returns and line feeds.
 std::string_view trimWhite(std::string_view s);

@@ -29,8 +29,9 @@ enum ResType : short {
     RTT = 5021,
 };
 
-// Status values of the host's functions and of the module's work functions.
-enum Status : int {
+// Return codes of the host's functions and of the module's work functions (ardo::Status is
+// the host's own result type, base/Result.h).
+enum ReturnCode : int {
     RTNORM = 5100,
     RTERROR = -5001,
     RTCAN = -5002,

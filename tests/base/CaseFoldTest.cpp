@@ -21,6 +21,12 @@ TEST(CaseFold, UpperCaseFoldsAsTheWindowsCodePage) {
     EXPECT_EQ(upperCase("layer_1"), "LAYER_1");
 }
 
+// Lower case is the exact way back, for the letters beyond Latin-1 as well; × and ß stay.
+TEST(CaseFold, LowerCaseIsTheWayBack) {
+    EXPECT_EQ(lowerCase("ŠŒŽŸ ÄÖÜ ×ß ABC"), "šœžÿ äöü ×ß abc");
+    for (const char* text : {"šœžÿ", "wände", "àéîõø"}) EXPECT_EQ(lowerCase(upperCase(text)), text) << text;
+}
+
 TEST(CaseFold, InvalidUtf8NeverStopsTheComparison) {
     EXPECT_TRUE(equalsNoCase("a\xE4x", "A\xE4X"));
     EXPECT_FALSE(equalsNoCase("a\xE4", "a\xC4\x80"));

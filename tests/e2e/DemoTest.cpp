@@ -71,7 +71,7 @@ std::uintmax_t printedSize(const fs::path& dxf) {
 TEST_F(Demo, LibreCadPrintsTheSavedDrawingWithItsContent) {
     if (!hasLibreCad()) GTEST_SKIP() << "librecad is not installed";
     const fs::path empty = install->scratch("empty.dxf");
-    ASSERT_FALSE(cadhost::Drawing().save(empty.string()));
+    ASSERT_TRUE(cadhost::Drawing().save(empty.string()));
     const std::uintmax_t emptyPage = printedSize(empty);
     ASSERT_GT(emptyPage, 0u) << "LibreCAD prints an empty drawing";
     // The walls, doors, windows and texts make the page's drawing stream longer.

@@ -42,11 +42,11 @@ fs::path corpusDrawing() { return fs::path(ARDO_TEST_DATA) / "e2e/colors_r2018.d
 
 cadhost::Drawing openSaved(const fs::path& dxf) {
     auto opened = cadhost::Drawing::open(dxf.string());
-    if (auto* error = std::get_if<std::string>(&opened)) {
-        ADD_FAILURE() << dxf << ": " << *error;
+    if (!opened) {
+        ADD_FAILURE() << dxf << ": " << opened.error();
         return cadhost::Drawing();
     }
-    return std::move(std::get<cadhost::Drawing>(opened));
+    return std::move(opened).value();
 }
 
 LayerRecord layerOf(const cadhost::Drawing& drawing, const std::string& name) {

@@ -50,6 +50,15 @@ TEST(PromptGoesOn, AMissingCentralFileShowsTheBoxAndKeysGiveNil) {
     expectWentOn(r);
 }
 
+// The module's start-up message ends without a line end; the prompt still starts a line.
+TEST(PromptGoesOn, ThePromptStartsOnALineOfItsOwn) {
+    const Installation install;
+    fs::remove(install.file("ardo.msg"));
+    const RunResult r = install.run({officeDrawing().string()}, "(princ \"weiter\")\n");
+    EXPECT_NE(r.output.find("no ARDO.msg found.\nCommand: (princ \"weiter\")\n"), std::string::npos) << r.output;
+    expectWentOn(r);
+}
+
 // A temporary folder nobody can write to. The mode bits do not hold back root, so a folder
 // below a plain file stands in then: no one can create anything there.
 std::string unwritableFolder(const Installation& install) {

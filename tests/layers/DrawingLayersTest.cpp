@@ -114,8 +114,8 @@ TEST_F(DrawingLayers, NamedPlotStylesArePreparedAndAssigned) {
 TEST_F(DrawingLayers, StatesThroughTheLayerCommand) {
     // Layout1 of this drawing has two floating viewports; the first (handle 37) counts as current.
     auto opened = cadhost::Drawing::open(std::string(ARDO_TEST_DATA) + "/commands/layout_viewports.dxf");
-    ASSERT_TRUE(std::holds_alternative<cadhost::Drawing>(opened));
-    drawing = std::get<cadhost::Drawing>(std::move(opened));
+    ASSERT_TRUE(opened) << opened.error();
+    drawing = std::move(opened).value();
     ASSERT_EQ(host.setVar("TILEMODE", ResBuf::shortInt(1)), RTNORM);
     LayerRecord wand = *drawing.findLayer("Wand");
     wand.isOff = wand.isLocked = true;

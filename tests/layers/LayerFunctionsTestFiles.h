@@ -88,7 +88,7 @@ protected:
     ardo::test::TempFolder folder_;
     ScriptedHost host;
     cadhost::Drawing drawing;
-    cadhost::CommandProcessor processor{{&drawing, [this](const std::string& text) { host.print(text); }, {}, {}}};
+    cadhost::CommandProcessor processor{{&drawing, [this](const std::string& text) { host.print(text); }, {}, {}, &host.colors}};
 };
 
 inline ResBuf S(const std::string& s) { return ResBuf::str(s); }

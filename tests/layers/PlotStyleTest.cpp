@@ -18,7 +18,7 @@ struct OnDrawing {
     OnDrawing() { host.useDrawing(drawing, processor); }
     ScriptedHost host;
     cadhost::Drawing drawing;
-    cadhost::CommandProcessor processor{{&drawing, [this](const std::string& text) { host.print(text); }, {}, {}}};
+    cadhost::CommandProcessor processor{{&drawing, [this](const std::string& text) { host.print(text); }, {}, {}, &host.colors}};
 };
 
 }  // namespace

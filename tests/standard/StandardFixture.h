@@ -18,8 +18,8 @@ class StandardTest : public LayerCoreTest {
 protected:
     void SetUp() override {
         auto opened = cadhost::Drawing::open(exampleFile("drawings/office.dxf"));
-        ASSERT_TRUE(std::holds_alternative<cadhost::Drawing>(opened)) << std::get<std::string>(opened);
-        drawing = std::move(std::get<cadhost::Drawing>(opened));
+        ASSERT_TRUE(opened) << opened.error();
+        drawing = std::move(*opened);
         LayerCoreTest::SetUp();
         host.supportFiles["ardo.lin"] = exampleFile("install/ardo.lin");
     }

@@ -1,6 +1,7 @@
 #include "cadhost/app/CadLispHost.h"
 
-#include "cadhost/app/CadHost.h"
+#include "cadhost/app/Application.h"
+#include "cadhost/lisp/Interpreter.h"
 #include "base/CaseFold.h"
 
 namespace cadhost {
@@ -36,27 +37,27 @@ ResBufChain layerRecord(const ardo::LayerRecord& layer) {
 
 }  // namespace
 
-void CadLispHost::print(std::string_view text) { host_.print(std::string(text)); }
+void CadLispHost::print(std::string_view text) { app_.ui().print(text); }
 
 bool CadLispHost::getVar(const std::string& name, ResBuf& value) {
-    return host_.getVar(name, value) == ardo::RTNORM;
+    return app_.getVar(document_, name, value) == ardo::RTNORM;
 }
 
 bool CadLispHost::setVar(const std::string& name, const ResBuf& value) {
-    return host_.setVar(name, value) == ardo::RTNORM;
+    return app_.setVar(document_, name, value) == ardo::RTNORM;
 }
 
-int CadLispHost::command(const ResBufChain& tokens) { return host_.command(tokens); }
+int CadLispHost::command(const ResBufChain& tokens) { return document_.commands().feed(tokens); }
 
 std::int64_t CadLispHost::entNext(std::int64_t after) {
-    const Drawing& d = host_.drawing();
+    const Drawing& d = document_.drawing();
     const std::optional<Handle> next = after == 0 ? d.firstEntity() : d.nextEntity(static_cast<Handle>(after));
     return next ? static_cast<std::int64_t>(*next) : 0;
 }
 
 std::int64_t CadLispHost::entLast() {
     std::int64_t last = 0;
-    host_.drawing().forEachEntity([&](const EntityInfo& e) {
+    document_.drawing().forEachEntity([&](const EntityInfo& e) {
         last = static_cast<std::int64_t>(e.handle);
         return true;
     });
@@ -64,14 +65,14 @@ std::int64_t CadLispHost::entLast() {
 }
 
 bool CadLispHost::entGet(std::int64_t entity, ResBufChain& groups) {
-    groups = host_.drawing().entityList(static_cast<Handle>(entity));
+    groups = document_.drawing().entityList(static_cast<Handle>(entity));
     if (groups.empty()) return false;
     groups.erase(groups.begin());   // the (-1 . name) the interpreter adds itself
     return true;
 }
 
 bool CadLispHost::tblSearch(const std::string& table, const std::string& name, ResBufChain& record) {
-    const Drawing& d = host_.drawing();
+    const Drawing& d = document_.drawing();
     if (table == "LAYER") {
         const std::optional<ardo::LayerRecord> layer = d.findLayer(name);
         if (layer) record = layerRecord(*layer);
@@ -88,10 +89,10 @@ bool CadLispHost::tblSearch(const std::string& table, const std::string& name, R
 }
 
 std::vector<std::string> CadLispHost::recordNames(const std::string& table) const {
-    if (table == "LTYPE") return host_.drawing().linetypeNames();
+    if (table == "LTYPE") return document_.drawing().linetypeNames();
     std::vector<std::string> names;
     if (table == "LAYER")
-        host_.drawing().forEachLayer([&](const ardo::LayerRecord& layer) {
+        document_.drawing().forEachLayer([&](const ardo::LayerRecord& layer) {
             names.push_back(layer.name);
             return true;
         });
@@ -107,6 +108,12 @@ bool CadLispHost::tblNext(const std::string& table, bool rewind, ResBufChain& re
     return false;
 }
 
-std::vector<std::int64_t> CadLispHost::previousSelection() { return host_.commands().previousSelection(); }
+std::vector<std::int64_t> CadLispHost::previousSelection() { return document_.commands().previousSelection(); }
+
+const std::vector<std::filesystem::path>& CadLispHost::supportPath() const { return app_.supportPath(); }
+
+// The built-ins get the interpreter only; its host is always a document's LISP side.
+Application& applicationOf(lisp::Interpreter& in) { return dynamic_cast<CadLispHost&>(in.host()).application(); }
+Document& documentOf(lisp::Interpreter& in) { return dynamic_cast<CadLispHost&>(in.host()).document(); }
 
 }  // namespace cadhost

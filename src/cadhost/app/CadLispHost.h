@@ -1,21 +1,26 @@
 #pragma once
-// The interpreter's side of the CAD host: command line, system variables, commands,
-// entities and symbol tables of the host's drawing. A part of CadHost of its own, since
-// the interpreter's hooks and the module's boundary name some calls alike with other
-// result types.
+// The interpreter's side of one document: command line, system variables, commands,
+// entities and symbol tables of the document's drawing, and the application's support
+// path. LISP code works on the drawing it runs in, whichever document is current.
 #include <map>
 #include <string>
 
 #include "cadhost/lisp/LispHost.h"
 
+namespace cadhost::lisp {
+class Interpreter;
+}
+
 namespace cadhost {
 
-class CadHost;
+class Application;
+class Document;
 
 class CadLispHost final : public lisp::LispHost {
 public:
-    explicit CadLispHost(CadHost& host) : host_(host) {}
-    CadHost& cadHost() { return host_; }
+    CadLispHost(Application& app, Document& document) : app_(app), document_(document) {}
+    Application& application() { return app_; }
+    Document& document() { return document_; }
 
     void print(std::string_view text) override;
     bool getVar(const std::string& name, ardo::ResBuf& value) override;
@@ -29,12 +34,18 @@ public:
     bool tblSearch(const std::string& table, const std::string& name, ardo::ResBufChain& record) override;
     bool tblNext(const std::string& table, bool rewind, ardo::ResBufChain& record) override;
     std::vector<std::int64_t> previousSelection() override;
+    const std::vector<std::filesystem::path>& supportPath() const override;
 
 private:
     std::vector<std::string> recordNames(const std::string& table) const;
 
-    CadHost& host_;
+    Application& app_;
+    Document& document_;
     std::map<std::string, std::size_t> tableCursor_;
 };
+
+// The application and the document of an interpreter of this host, for its built-ins.
+Application& applicationOf(lisp::Interpreter& in);
+Document& documentOf(lisp::Interpreter& in);
 
 }  // namespace cadhost

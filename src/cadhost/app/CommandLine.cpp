@@ -3,7 +3,7 @@
 #include <sstream>
 #include <vector>
 
-#include "cadhost/app/CadHost.h"
+#include "cadhost/app/Application.h"
 #include "cadhost/lisp/ResBufConvert.h"
 #include "base/CaseFold.h"
 
@@ -55,6 +55,8 @@ void CommandLine::enter(std::string_view line) {
         const std::string source = std::move(openExpression_);
         openExpression_.clear();
         evaluate(source);
+    } else if (documents_.waiting()) {
+        documents_.answer(line);
     } else if (host_.commands().active()) {
         answer(line);
     } else {
@@ -71,10 +73,12 @@ void CommandLine::enter(std::string_view line) {
             startCommand(text);
         }
     }
-    host_.runQueuedExpressions();
+    host_.idle();
 }
 
-void CommandLine::evaluate(std::string_view source) { host_.lisp().topLevel(source); }
+void CommandLine::evaluate(std::string_view source) {
+    if (!host_.lisp().topLevel(source) && !quitRequested()) ++failures_;
+}
 
 // A LISP expression at a command's prompt answers it with its value.
 void CommandLine::answer(std::string_view line) {
@@ -100,11 +104,16 @@ void CommandLine::startCommand(std::string_view line) {
         quit_ = true;
         return;
     }
+    if (DocumentCommands::knows(name)) {
+        documents_.run(name, line.substr(parts.front().size()));   // the line comes trimmed
+        return;
+    }
     if (host_.lisp().isCommand(parts.front())) {
         host_.lisp().runCommand(parts.front());
         return;
     }
     if (!host_.commands().knows(parts.front())) {
+        ++failures_;
         host_.print("Unknown command \"" + name + "\".  Press F1 for help.\n");
         return;
     }
@@ -118,18 +127,21 @@ void CommandLine::feed(const std::string& token) {
     try {
         host_.command({ardo::ResBuf::str(token)});
     } catch (const std::exception& e) {
+        ++failures_;
         host_.commands().cancel();
         host_.print(std::string("; error: ") + e.what() + "\n");
     }
 }
 
 std::string CommandLine::prompt() const {
+    if (documents_.waiting()) return documents_.prompt();
     return openExpression_.empty() && !host_.commands().active() ? "Command: " : "";
 }
 
 void CommandLine::finish() {
     if (openExpression_.empty()) return;
     openExpression_.clear();
+    ++failures_;
     host_.print("; error: malformed list on input\n");
 }
 

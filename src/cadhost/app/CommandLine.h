@@ -4,17 +4,21 @@
 // variable); lines of an expression whose parentheses are still open are collected
 // first. A word naming a C: function runs it; a word naming a host command starts it,
 // further words on that line and the following lines answering its prompts (a whole
-// line is one answer, an empty line is Enter). "QUIT" and "EXIT" end the session.
+// line is one answer, an empty line is Enter). "QUIT" and "EXIT" end the session;
+// DRAWINGS, SWITCH, OPEN and CLOSE work on the open drawings (see DocumentCommands).
+// Input goes to the current document.
 #include <string>
 #include <string_view>
 
+#include "cadhost/app/DocumentCommands.h"
+
 namespace cadhost {
 
-class CadHost;
+class Application;
 
 class CommandLine {
 public:
-    explicit CommandLine(CadHost& host) : host_(host) {}
+    explicit CommandLine(Application& host) : host_(host), documents_(host) {}
 
     void enter(std::string_view line);
     // What the prompt shows before the next line: "Command: " when nothing is under way.
@@ -22,6 +26,9 @@ public:
     // Ends the input; an expression left open is reported as the host reports it.
     void finish();
     bool quitRequested() const;
+    // How many lines failed so far: a LISP error, an unknown command, an expression left
+    // open. A session's start-up steps must not fail.
+    std::size_t failures() const { return failures_; }
 
 private:
     void evaluate(std::string_view source);
@@ -29,9 +36,11 @@ private:
     void startCommand(std::string_view line);
     void feed(const std::string& token);
 
-    CadHost& host_;
+    Application& host_;
+    DocumentCommands documents_;
     std::string openExpression_;
     bool quit_ = false;
+    std::size_t failures_ = 0;
 };
 
 // True when every parenthesis opened outside strings and comments is closed.

@@ -8,11 +8,9 @@ void FunctionRegistry::define(const std::string& name, const LoadedModule* owner
     functions_[ardo::upperCase(name)] = DefinedFunction{name, owner, code};
 }
 
-bool FunctionRegistry::undefine(const std::string& name, const LoadedModule* owner, int code) {
+bool FunctionRegistry::defined(const std::string& name, const LoadedModule* owner, int code) const {
     auto it = functions_.find(ardo::upperCase(name));
-    if (it == functions_.end() || it->second.owner != owner || it->second.code != code) return false;
-    functions_.erase(it);
-    return true;
+    return it != functions_.end() && it->second.owner == owner && it->second.code == code;
 }
 
 void FunctionRegistry::setHandler(const LoadedModule* owner, int code, ardo::LispHandler handler) {

@@ -1,6 +1,6 @@
 #pragma once
-// The LISP functions modules have defined: name, defining module and function code, and
-// the handlers registered for codes. Codes are each module's own, so two modules may use
+// The LISP functions modules have defined in any document: name, defining module and
+// function code, and the handlers registered for codes. Codes are each module's own, so two modules may use
 // the same numbers; a function belongs to the module that defined it.
 #include <map>
 #include <optional>
@@ -24,8 +24,9 @@ class FunctionRegistry {
 public:
     // Defines or redefines the name (case-insensitive) for the owner and code.
     void define(const std::string& name, const LoadedModule* owner, int code);
-    // False when that owner did not define the name with that code.
-    bool undefine(const std::string& name, const LoadedModule* owner, int code);
+    // True when that owner defined the name with that code. A name undefined in one
+    // document stays known here, since other documents may still have it.
+    bool defined(const std::string& name, const LoadedModule* owner, int code) const;
     // A null handler removes the registration.
     void setHandler(const LoadedModule* owner, int code, ardo::LispHandler handler);
     ardo::LispHandler handler(const LoadedModule* owner, int code) const;

@@ -43,11 +43,10 @@ HostVariables::HostVariables() {
 }
 
 bool HostVariables::holds(const std::string& name) const {
-    return name == "DWGTITLED" || fixed_.contains(name) || writable_.contains(name);
+    return fixed_.contains(name) || writable_.contains(name);
 }
 
 std::optional<ResBuf> HostVariables::get(const std::string& name) const {
-    if (name == "DWGTITLED") return ResBuf::shortInt(titled_ ? 1 : 0);
     if (auto it = fixed_.find(name); it != fixed_.end()) return it->second;
     if (auto it = writable_.find(name); it != writable_.end()) return it->second;
     return std::nullopt;

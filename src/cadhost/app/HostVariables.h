@@ -1,7 +1,7 @@
 #pragma once
-// System variables that belong to the application rather than to the drawing: release,
-// product, platform, user, temporary folder, whether the drawing has a name, and the
-// user string variables that are not saved in a drawing.
+// System variables that belong to the application rather than to a drawing: release,
+// product, platform, user, temporary folder, and the user string variables that are not
+// saved in a drawing.
 #include <map>
 #include <optional>
 #include <string>
@@ -22,12 +22,9 @@ public:
     // False for an unknown or read-only name, or a value of the wrong type.
     bool set(const std::string& name, const ardo::ResBuf& value);
 
-    void setDrawingTitled(bool titled) { titled_ = titled; }
-
 private:
     std::map<std::string, ardo::ResBuf> writable_;
     std::map<std::string, ardo::ResBuf> fixed_;
-    bool titled_ = false;
 };
 
 }  // namespace cadhost

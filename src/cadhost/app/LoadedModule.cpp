@@ -6,19 +6,19 @@
 
 namespace cadhost {
 
-std::variant<std::unique_ptr<LoadedModule>, std::string> LoadedModule::open(const std::string& path) {
+ardo::Result<std::unique_ptr<LoadedModule>> LoadedModule::open(const std::string& path) {
     std::error_code ec;
     if (!std::filesystem::is_regular_file(path, ec))
-        return "cannot load module \"" + path + "\": no such file; check the name and folder";
+        return ardo::Error{"cannot load module \"" + path + "\": no such file; check the name and folder"};
     void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!handle)
-        return "cannot load module \"" + path + "\": " + dlerror() +
-               "; it must be a shared library built for this system";
+        return ardo::Error{"cannot load module \"" + path + "\": " + dlerror() +
+                           "; it must be a shared library built for this system"};
     void* symbol = dlsym(handle, "acrxEntryPoint");
     if (!symbol) {
         dlclose(handle);
-        return "module \"" + path + "\" has no entry point acrxEntryPoint; a module exports " +
-               "extern \"C\" int acrxEntryPoint(int message, void* appId)";
+        return ardo::Error{"module \"" + path + "\" has no entry point acrxEntryPoint; a module exports " +
+                           "extern \"C\" int acrxEntryPoint(int message, void* appId)"};
     }
     auto entry = reinterpret_cast<EntryPoint>(symbol);
     return std::unique_ptr<LoadedModule>(new LoadedModule(handle, entry, path));

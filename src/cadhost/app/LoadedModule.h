@@ -3,16 +3,16 @@
 // (RTLD_NOW | RTLD_LOCAL) and its entry point acrxEntryPoint. Closing it unloads the code.
 #include <memory>
 #include <string>
-#include <variant>
 
+#include "base/Result.h"
 #include "cadhost/app/AppMessages.h"
 
 namespace cadhost {
 
 class LoadedModule {
 public:
-    // The module, or a message for the user when the file cannot be loaded or has no entry point.
-    static std::variant<std::unique_ptr<LoadedModule>, std::string> open(const std::string& path);
+    // Fails with a message for the user when the file cannot be loaded or has no entry point.
+    static ardo::Result<std::unique_ptr<LoadedModule>> open(const std::string& path);
     ~LoadedModule();
     LoadedModule(const LoadedModule&) = delete;
     LoadedModule& operator=(const LoadedModule&) = delete;

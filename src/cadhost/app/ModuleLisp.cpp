@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "cadhost/app/CadHost.h"
+#include "cadhost/app/Application.h"
 #include "cadhost/lisp/ArgCheck.h"
 #include "cadhost/lisp/LispError.h"
 
@@ -14,8 +14,6 @@ using lisp::Value;
 
 namespace {
 
-// The built-ins get the interpreter only; its host is always the CadHost's LISP side.
-CadHost& cadHostOf(Interpreter& in) { return dynamic_cast<CadLispHost&>(in.host()).cadHost(); }
 
 // What a failing call returns: the caller's onfailure value, or the host's error.
 Value failed(const Args& args, const char* failure) {
@@ -29,17 +27,17 @@ Value arxloadFn(Interpreter& in, const Args& args) {
     std::filesystem::path file(name);
     if (!file.has_extension()) file += ".arx";
     const auto found = in.findFile(file.string());
-    CadHost& host = cadHostOf(in);
-    const std::optional<std::string> error = host.modules().load(found ? found->string() : file.string());
-    if (!error) return args[0];
-    if (args.size() < 2) host.printLine("; " + *error);
+    Application& host = applicationOf(in);
+    const ardo::Status loaded = host.modules().load(found ? found->string() : file.string());
+    if (loaded) return args[0];
+    if (args.size() < 2) host.printLine("; " + loaded.error());
     return failed(args, "ARXLOAD failed");
 }
 
 Value arxunloadFn(Interpreter& in, const Args& args) {
     lisp::checkCount(args, 1, 2);
     const std::string& name = lisp::stringArg(args[0]);
-    CadHost& host = cadHostOf(in);
+    Application& host = applicationOf(in);
     if (host.modules().unload(name)) return args[0];
     if (args.size() < 2)
         host.printLine("; application \"" + appNameOf(name) + "\" is not loaded; (arx) lists those that are");
@@ -48,7 +46,7 @@ Value arxunloadFn(Interpreter& in, const Args& args) {
 
 Value arxFn(Interpreter& in, const Args& args) {
     lisp::checkCount(args, 0, 0);
-    const std::vector<std::string> names = cadHostOf(in).modules().appNames();
+    const std::vector<std::string> names = applicationOf(in).modules().appNames();
     Value list;
     for (auto it = names.rbegin(); it != names.rend(); ++it) list = Value::cons(Value::string(*it), list);
     return list;
@@ -68,8 +66,8 @@ std::string appNameOf(const std::string& nameOrPath) {
     return p.filename().string();
 }
 
-void defineModuleFunctions(CadHost& host) {
-    for (const lisp::Builtin& b : functions) host.lisp().intern(b.name)->value = Value::subr(&b);
+void defineModuleFunctions(Interpreter& in) {
+    for (const lisp::Builtin& b : functions) in.intern(b.name)->value = Value::subr(&b);
 }
 
 }  // namespace cadhost

@@ -5,12 +5,14 @@
 
 namespace cadhost {
 
-class CadHost;
+namespace lisp {
+class Interpreter;
+}
 
 // The application name of a file name or path: its file name, ".arx" added when it has
 // no extension, as the host accepts "ardo", "ardo.arx" and a full path alike.
 std::string appNameOf(const std::string& nameOrPath);
 
-void defineModuleFunctions(CadHost& host);
+void defineModuleFunctions(lisp::Interpreter& in);
 
 }  // namespace cadhost

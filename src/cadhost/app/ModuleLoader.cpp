@@ -1,21 +1,29 @@
 #include "cadhost/app/ModuleLoader.h"
 
-#include "cadhost/app/CadHost.h"
+#include "cadhost/app/Application.h"
 #include "cadhost/app/ModuleLisp.h"
 #include "base/CaseFold.h"
 
 namespace cadhost {
 
-std::optional<std::string> ModuleLoader::load(const std::string& path) {
+ardo::Status ModuleLoader::load(const std::string& path) {
     if (find(path))
-        return "application \"" + appNameOf(path) + "\" is already loaded; unload it first with (arxunload)";
+        return ardo::Error{"application \"" + appNameOf(path) + "\" is already loaded; unload it first with (arxunload)"};
     auto opened = LoadedModule::open(path);
-    if (auto* error = std::get_if<std::string>(&opened)) return *error;
-    modules_.push_back(std::move(std::get<std::unique_ptr<LoadedModule>>(opened)));
+    if (!opened) return ardo::Error{opened.error()};
+    modules_.push_back(std::move(opened).value());
     const LoadedModule& module = *modules_.back();
     host_.send(module, kInitAppMsg);
-    host_.send(module, kLoadDwgMsg);
-    return std::nullopt;
+    for (const auto& document : host_.documents()) host_.send(module, kLoadDwgMsg, *document);
+    return {};
+}
+
+void ModuleLoader::documentLoaded(Document& document) {
+    for (const auto& module : modules_) host_.send(*module, kLoadDwgMsg, document);
+}
+
+void ModuleLoader::documentClosing(Document& document) {
+    for (const auto& module : modules_) host_.send(*module, kUnloadDwgMsg, document);
 }
 
 bool ModuleLoader::unload(const std::string& appName) {
@@ -33,7 +41,7 @@ void ModuleLoader::quit() {
     while (!modules_.empty()) {
         const LoadedModule& module = *modules_.back();
         host_.send(module, kPreQuitMsg);
-        host_.send(module, kUnloadDwgMsg);
+        for (const auto& document : host_.documents()) host_.send(module, kUnloadDwgMsg, *document);
         host_.send(module, kQuitMsg);
         close(modules_.size() - 1);
     }

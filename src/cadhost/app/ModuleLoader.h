@@ -1,30 +1,35 @@
 #pragma once
 // Loads modules into the host and drives their life: load -> kInitAppMsg -> kLoadDwgMsg
-// for the drawing; kUnloadAppMsg before an unload; kPreQuitMsg, kUnloadDwgMsg and
+// for each open document; kLoadDwgMsg and kUnloadDwgMsg as documents open and close;
+// kUnloadAppMsg before an unload; kPreQuitMsg, kUnloadDwgMsg for each document and
 // kQuitMsg when the host quits.
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "base/Result.h"
 #include "cadhost/app/LoadedModule.h"
 
 namespace cadhost {
 
-class CadHost;
+class Application;
+class Document;
 
 class ModuleLoader {
 public:
-    explicit ModuleLoader(CadHost& host) : host_(host) {}
+    explicit ModuleLoader(Application& host) : host_(host) {}
     ModuleLoader(const ModuleLoader&) = delete;
     ModuleLoader& operator=(const ModuleLoader&) = delete;
 
-    // Loads and starts the module; the message for the user when it cannot.
-    std::optional<std::string> load(const std::string& path);
+    // Loads and starts the module; fails with a message for the user when it cannot.
+    ardo::Status load(const std::string& path);
     // Sends kUnloadAppMsg and unloads; false when no application of that name is loaded.
     bool unload(const std::string& appName);
     // Ends every module, the newest first.
     void quit();
+    // Every module gets kLoadDwgMsg, or kUnloadDwgMsg, for the document.
+    void documentLoaded(Document& document);
+    void documentClosing(Document& document);
 
     // The loaded applications' file names in load order.
     std::vector<std::string> appNames() const;
@@ -33,7 +38,7 @@ public:
 private:
     void close(std::size_t index);
 
-    CadHost& host_;
+    Application& host_;
     std::vector<std::unique_ptr<LoadedModule>> modules_;
 };
 

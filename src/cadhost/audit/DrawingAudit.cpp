@@ -4,7 +4,8 @@
 
 #include <filesystem>
 
-#include "cadhost/app/CadHost.h"
+#include "cadhost/app/Application.h"
+#include "cadhost/app/ConsoleInterface.h"
 
 namespace cadhost::audit {
 
@@ -62,8 +63,8 @@ std::optional<DrawingOutcome> decodeOutcome(const std::string& path, const std::
     return o;
 }
 
-ArdoLayerStandardEntry layerStandardEntry(CadHost& host, const std::string& module) {
-    const LoadedModule* loaded = host.modules().find(module);
+ArdoLayerStandardEntry layerStandardEntry(Application& app, const std::string& module) {
+    const LoadedModule* loaded = app.modules().find(module);
     return loaded ? reinterpret_cast<ArdoLayerStandardEntry>(loaded->symbol(ardo::kLayerStandardEntryName)) : nullptr;
 }
 
@@ -73,18 +74,20 @@ DrawingOutcome auditDrawing(const std::string& path, const LayerAuditOptions& op
     outcome.path = path;
     const std::optional<FileStamp> before = stampOf(path);
     auto opened = Drawing::open(path);
-    if (auto* error = std::get_if<std::string>(&opened)) {
-        outcome.failure = *error;
+    if (!opened) {
+        outcome.failure = opened.error();
         return outcome;
     }
     // The module's own printing (linetype loads and the like) is not part of the report.
-    CadHost host(std::move(std::get<Drawing>(opened)), true, [](std::string_view) {});
-    host.lisp().setSearchPath({programFolder, std::filesystem::absolute(path).parent_path()});
-    if (const auto error = host.modules().load(module)) {
-        outcome.runFailure = *error;
+    ConsoleInterface ui([](std::string_view) {});
+    Application app(ui);
+    app.setSupportPath({programFolder, std::filesystem::absolute(path).parent_path()});
+    app.addDocument(std::move(*opened), true);
+    if (const ardo::Status loaded = app.modules().load(module); !loaded) {
+        outcome.runFailure = loaded.error();
         return outcome;
     }
-    const ArdoLayerStandardEntry entry = layerStandardEntry(host, module);
+    const ArdoLayerStandardEntry entry = layerStandardEntry(app, module);
     if (!entry) {
         outcome.runFailure = kNoEntry;
         return outcome;
@@ -105,8 +108,8 @@ DrawingOutcome auditDrawing(const std::string& path, const LayerAuditOptions& op
 
     if (stampOf(path) != before) {
         outcome.failure = "the drawing changed on disk during the run; it was not written";
-    } else if (const auto error = host.drawing().save(path)) {
-        outcome.failure = *error;
+    } else if (const ardo::Status saved = app.drawing().save(path); !saved) {
+        outcome.failure = saved.error();
     } else {
         outcome.saved = true;
     }

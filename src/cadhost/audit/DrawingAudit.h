@@ -9,7 +9,7 @@
 #include "cadhost/audit/LayerAuditOptions.h"
 
 namespace cadhost {
-class CadHost;
+class Application;
 }
 
 namespace cadhost::audit {
@@ -34,6 +34,6 @@ DrawingOutcome auditDrawing(const std::string& path, const LayerAuditOptions& op
 ArdoTextSink appendingTo(std::string& text);
 
 // The layer-standard entry of the loaded module, or null when the module has none.
-ArdoLayerStandardEntry layerStandardEntry(CadHost& host, const std::string& module);
+ArdoLayerStandardEntry layerStandardEntry(Application& app, const std::string& module);
 
 }  // namespace cadhost::audit

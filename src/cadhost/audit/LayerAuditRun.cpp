@@ -14,7 +14,8 @@
 #include <thread>
 #include <vector>
 
-#include "cadhost/app/CadHost.h"
+#include "cadhost/app/Application.h"
+#include "cadhost/app/ConsoleInterface.h"
 #include "cadhost/audit/DrawingAudit.h"
 
 namespace cadhost::audit {
@@ -205,12 +206,14 @@ private:
 // The module merges the outcomes, prints the summary and writes the reports.
 int writeReports(const std::vector<DrawingOutcome>& outcomes, const LayerAuditOptions& options,
                  const std::string& module, double seconds, int workers) {
-    CadHost host(Drawing(), false, [](std::string_view) {});
-    if (const auto error = host.modules().load(module)) {
-        fail(*error);
+    ConsoleInterface ui([](std::string_view) {});
+    Application app(ui);
+    app.addDocument(Drawing(), false);
+    if (const ardo::Status loaded = app.modules().load(module); !loaded) {
+        fail(loaded.error());
         return kRunFailed;
     }
-    const ArdoLayerStandardEntry entry = layerStandardEntry(host, module);
+    const ArdoLayerStandardEntry entry = layerStandardEntry(app, module);
     if (!entry) {
         fail("the module has no layer-standard entry");
         return kRunFailed;

@@ -28,7 +28,7 @@ struct Context {
     std::function<void()> regenerate;
     std::vector<std::int64_t> previousSelection;
     std::vector<MenuGroup> menuGroups;
-    ColorServices colors;
+    const ColorServices* colors = nullptr;
 
     // Messages are printed whatever CMDECHO says.
     void message(const std::string& text) const {

@@ -12,6 +12,7 @@
 
 namespace cadhost {
 
+class ColorServices;
 class Drawing;
 
 class CommandProcessor {
@@ -24,6 +25,8 @@ public:
         std::function<std::vector<std::int64_t>(std::int64_t set)> selectionMembers;
         // Repaints the views after "REGENALL" (the window sets it; the console needs none).
         std::function<void()> regenerate;
+        // The application's colour services, for colour names typed at LAYER.
+        const ColorServices* colors = nullptr;
     };
 
     explicit CommandProcessor(Environment env);

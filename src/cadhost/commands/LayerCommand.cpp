@@ -107,10 +107,10 @@ Step LayerCommand::take(const ResBuf& input) {
         case Ask::Names: return takeNames(input);
         case Ask::Color: return takeColor(input);
         case Ask::TrueColor:
-            return takeValue(layerTrueColor(input, context_.colors),
+            return takeValue(layerTrueColor(input, *context_.colors),
                              "Invalid color.  Give red, green and blue as three numbers 0-255: \"255,128,0\".\n");
         case Ask::BookColor:
-            return takeValue(layerBookColor(input, context_.colors),
+            return takeValue(layerBookColor(input, *context_.colors),
                              "Color not found.  Give a color book and one of its colors: \"RAL CLASSIC$RAL 1000\".\n");
         case Ask::Linetype: return takeLinetype(input);
         case Ask::Lineweight: {
@@ -152,7 +152,7 @@ Step LayerCommand::takeColor(const ResBuf& input) {
         ask_ = *keyword == 0 ? Ask::TrueColor : Ask::BookColor;
         return Step::More;
     }
-    return takeValue(layerIndexColor(input, context_.colors),
+    return takeValue(layerIndexColor(input, *context_.colors),
                      "Invalid color.  Give a number 1-255, a color name, t for a true color or co for a color book.\n");
 }
 

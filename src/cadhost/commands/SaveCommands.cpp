@@ -21,8 +21,8 @@ std::string drawingPath(const Drawing& drawing) {
 }
 
 Step saveTo(Context& context, const std::string& path) {
-    if (const auto error = context.drawing->save(path)) {
-        context.message(*error + "\n");
+    if (const ardo::Status saved = context.drawing->save(path); !saved) {
+        context.message(saved.error() + "\n");
         return Step::Refused;
     }
     return Step::Done;

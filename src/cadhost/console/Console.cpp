@@ -2,16 +2,17 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
-#include <sstream>
 
-#include "cadhost/app/CadHost.h"
+#include "cadhost/app/Application.h"
 #include "cadhost/app/CommandLine.h"
+#include "cadhost/app/ConsoleInterface.h"
 #include "cadhost/console/LineReader.h"
 
 namespace cadhost::console {
@@ -20,34 +21,52 @@ namespace {
 
 void fail(const std::string& message) { std::cerr << "ardo-cad: " << message << '\n'; }
 
-struct OpenedDrawing {
-    Drawing drawing;
-    bool titled = false;
-};
-
-std::optional<OpenedDrawing> openDrawing(const ConsoleOptions& o) {
-    if (!o.drawing) return OpenedDrawing{Drawing(), false};
-    auto opened = Drawing::open(*o.drawing);
-    if (auto* error = std::get_if<std::string>(&opened)) {
-        fail(*error);
-        return std::nullopt;
+// The drawings given, each a document, the last one current; a new drawing when none is.
+bool openDrawings(const ConsoleOptions& o, Application& app) {
+    if (o.drawings.empty()) {
+        app.addDocument(Drawing(), false);
+        return true;
     }
-    return OpenedDrawing{std::move(std::get<Drawing>(opened)), true};
+    for (const std::string& path : o.drawings)
+        if (auto opened = app.openDocument(path); !opened) {
+            fail(opened.error());
+            return false;
+        }
+    return true;
 }
 
-// Feeds the lines to the command line as a script run does; false after (quit).
-bool runLines(CommandLine& commandLine, LineReader& reader) {
-    while (!commandLine.quitRequested())
-        if (const auto line = reader.read(commandLine.prompt()))
-            commandLine.enter(*line);
-        else
-            break;
+// The support folders: the program's own, where the module's files lie, then the drawings'.
+std::vector<std::filesystem::path> supportPath(const ConsoleOptions& o, const std::string& programFolder) {
+    std::vector<std::filesystem::path> folders{programFolder};
+    for (const std::string& drawing : o.drawings) {
+        const std::filesystem::path folder = std::filesystem::absolute(drawing).parent_path();
+        if (std::find(folders.begin(), folders.end(), folder) == folders.end()) folders.push_back(folder);
+    }
+    return folders;
+}
+
+// Feeds the lines to the command line as a script run does; false after (quit). The
+// prompt starts on a line of its own, whatever was printed before it.
+bool runLines(CommandLine& commandLine, ConsoleInterface& ui, LineReader& reader) {
+    while (!commandLine.quitRequested()) {
+        const std::string prompt = commandLine.prompt();
+        if (!prompt.empty()) ui.startLine();
+        const auto line = reader.read(prompt);
+        if (!line) break;
+        ui.inputEchoed();
+        commandLine.enter(*line);
+    }
     commandLine.finish();
     return !commandLine.quitRequested();
 }
 
 // A script's lines go through the command line as typed ones would; false when it cannot be read.
-bool runScript(CommandLine& commandLine, const std::string& path) {
+bool runScript(CommandLine& commandLine, ConsoleInterface& ui, const std::string& path) {
+    std::error_code ec;
+    if (std::filesystem::is_directory(path, ec)) {
+        fail("cannot read script \"" + path + "\": it is a folder; give the script file in it");
+        return false;
+    }
     std::ifstream in(path, std::ios::binary);
     if (!in) {
         fail("cannot read script \"" + path + "\": " + std::strerror(errno) +
@@ -55,7 +74,27 @@ bool runScript(CommandLine& commandLine, const std::string& path) {
         return false;
     }
     StreamReader reader(in);
-    runLines(commandLine, reader);
+    runLines(commandLine, ui, reader);
+    return true;
+}
+
+// Runs the -e and -s steps in order; false when one could not be read or failed.
+bool runSteps(const ConsoleOptions& o, CommandLine& commandLine, ConsoleInterface& ui) {
+    for (const Step& step : o.steps) {
+        if (commandLine.quitRequested()) break;
+        const std::size_t failuresBefore = commandLine.failures();
+        if (step.kind == Step::Kind::Expression) {
+            commandLine.enter(step.text);
+            commandLine.finish();
+        } else if (!runScript(commandLine, ui, step.text)) {
+            return false;
+        }
+        if (commandLine.failures() != failuresBefore) {
+            fail(std::string(step.kind == Step::Kind::Expression ? "the expression \"" : "the script \"") +
+                 step.text + "\" failed; later steps and the prompt are skipped");
+            return false;
+        }
+    }
     return true;
 }
 
@@ -71,56 +110,46 @@ std::optional<std::string> modulePath(const ConsoleOptions& o, const std::string
 }
 
 int runConsole(const ConsoleOptions& o, const std::string& programFolder) {
-    std::optional<OpenedDrawing> opened = openDrawing(o);
-    if (!opened) return 1;
     const bool interactive = isatty(STDIN_FILENO) == 1;
-    CadHost host(std::move(opened->drawing), opened->titled, [interactive](std::string_view text) {
+    ConsoleInterface ui([interactive](std::string_view text) {
         std::cout << text;
         if (interactive) std::cout.flush();
     });
-    for (ardo::MbAnswer a : o.answers) host.boxes().addScriptAnswer(a);
-    // The support folders: the program's own, where the module's files lie, then the drawing's.
-    std::vector<std::filesystem::path> support{programFolder};
-    if (o.drawing) support.push_back(std::filesystem::absolute(*o.drawing).parent_path());
-    host.lisp().setSearchPath(std::move(support));
+    Application app(ui);
+    app.setSupportPath(supportPath(o, programFolder));
+    if (!openDrawings(o, app)) return 1;
+    for (ardo::MbAnswer a : o.answers) ui.boxes().addScriptAnswer(a);
     std::unique_ptr<TerminalReader> terminal;
     if (interactive) {
         terminal = std::make_unique<TerminalReader>();
-        host.boxes().setReader([&terminal](const std::string& prompt) { return terminal->ask(prompt); });
+        ui.setReader([&terminal](const std::string& prompt) { return terminal->ask(prompt); });
     }
 
-    int exitCode = 0;
     if (const std::optional<std::string> module = modulePath(o, programFolder)) {
-        if (const auto error = host.modules().load(*module)) {
-            fail(*error);
+        if (const ardo::Status loaded = app.modules().load(*module); !loaded) {
+            fail(loaded.error());
             if (o.module) return 1;
         }
     }
-    host.runQueuedExpressions();
+    app.idle();
 
-    CommandLine commandLine(host);
-    for (const Step& step : o.steps) {
-        if (commandLine.quitRequested()) break;
-        if (step.kind == Step::Kind::Expression) {
-            commandLine.enter(step.text);
-            commandLine.finish();
-        } else if (!runScript(commandLine, step.text)) {
-            exitCode = 1;
-            break;
-        }
-    }
-    if (exitCode == 0 && !commandLine.quitRequested()) {
+    CommandLine commandLine(app);
+    const bool stepsRan = runSteps(o, commandLine, ui);
+    if (stepsRan && !commandLine.quitRequested()) {
         StreamReader script(std::cin);
-        runLines(commandLine, terminal ? static_cast<LineReader&>(*terminal) : script);
+        runLines(commandLine, ui, terminal ? static_cast<LineReader&>(*terminal) : script);
     }
+    int exitCode = stepsRan ? 0 : 1;
     if (o.output) {
-        if (const auto error = host.drawing().save(*o.output)) {
-            fail(*error);
+        if (!stepsRan) {
+            fail("nothing was saved to \"" + *o.output + "\", since the start-up steps did not run through");
+        } else if (const ardo::Status saved = app.drawing().save(*o.output); !saved) {
+            fail(saved.error());
             exitCode = 1;
         }
     }
     // Ended here, while the terminal the modules' message boxes may still ask is open.
-    host.modules().quit();
+    app.modules().quit();
     std::cout.flush();
     return exitCode;
 }

@@ -1,5 +1,7 @@
 #include "cadhost/console/ConsoleOptions.h"
 
+#include <utility>
+
 #include "cadhost/app/MessageBoxes.h"
 
 namespace cadhost::console {
@@ -12,7 +14,7 @@ constexpr std::size_t kTextColumn = 20;
 constexpr OptionRow kOptions[] = {
     {"-e", "EXPR", true, "evaluate a LISP expression after start-up"},
     {"-s", "FILE", true, "run a script of LISP expressions and command lines"},
-    {"-o", "FILE", false, "save the drawing as DXF at the end"},
+    {"-o", "FILE", false, "save the current drawing as DXF at the end, unless an -e or -s step failed"},
     {"--answer", "yes|no|ok|cancel", true, "answer the next message box in script mode, in the order given"},
     {"--module", "PATH", false, "load this module instead of ardo.arx beside ardo-cad"},
     {"--no-module", "", false, "load no module"},
@@ -44,7 +46,15 @@ std::string synopsisName(const OptionRow& row) {
     return comma == std::string::npos ? names : names.substr(comma + 2);
 }
 
-const char* const kOperands = "[drawing.dxf]";
+const char* const kOperands = "[drawing.dxf]...";
+
+// What --help says of several drawings after the options.
+const char* const kDrawingsHelp =
+    "Several drawings are opened in the order given; the last one is current. At the Command:\n"
+    "prompt DRAWINGS lists them, SWITCH n (or SWITCH name) makes one current, OPEN file.dxf\n"
+    "opens one more and CLOSE closes the current one; in LISP (drawings), (switchdrawing x),\n"
+    "(opendrawing \"file.dxf\") and (closedrawing [x]). Each drawing keeps its own LISP\n"
+    "variables and functions.\n";
 
 std::string usageText() {
     std::string text = std::string("usage: ardo-cad ") + kOperands;
@@ -67,7 +77,7 @@ std::string usageText() {
                                               : left + std::string(kTextColumn - left.size(), ' ');
         text += left + row.text + (row.repeatable ? " (repeatable)" : "") + "\n";
     }
-    return text;
+    return text + kDrawingsHelp;
 }
 
 std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::string>& args) {
@@ -104,16 +114,11 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
         } else if (a.starts_with('-') && a.size() > 1) {
             return "unknown option " + a;
         } else {
-            o.audit.inputs.push_back(a);
+            o.drawings.push_back(a);
         }
     }
-    // Without --audit-layers the one operand is the drawing to open.
-    if (!o.auditLayers && !o.audit.inputs.empty()) {
-        if (o.audit.inputs.size() > 1)
-            return "only one drawing can be opened; \"" + o.audit.inputs[1] + "\" is a second one";
-        o.drawing = o.audit.inputs.front();
-        o.audit.inputs.clear();
-    }
+    // With --audit-layers the operands are the drawings and folders to audit.
+    if (o.auditLayers) o.audit.inputs = std::exchange(o.drawings, {});
     if (o.auditLayers && (o.noModule || !o.steps.empty() || o.output))
         return "--audit-layers works with the module and without -e, -s and -o";
     if (o.noModule && o.module) return "--no-module and --module exclude each other";

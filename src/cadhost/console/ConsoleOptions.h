@@ -19,7 +19,8 @@ struct Step {
 };
 
 struct ConsoleOptions {
-    std::optional<std::string> drawing;
+    // Opened in order; the last one is current.
+    std::vector<std::string> drawings;
     std::vector<Step> steps;
     std::optional<std::string> output;
     std::vector<ardo::MbAnswer> answers;

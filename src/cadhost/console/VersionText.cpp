@@ -1,7 +1,6 @@
 #include "cadhost/console/VersionText.h"
 
 #include <memory>
-#include <variant>
 
 #include "cadhost/app/LoadedModule.h"
 
@@ -13,8 +12,8 @@ namespace {
 std::string moduleLine(const std::optional<std::string>& module) {
     if (!module) return "module: none loaded";
     auto opened = LoadedModule::open(*module);
-    if (const auto* error = std::get_if<std::string>(&opened)) return "module: " + *error;
-    const std::string version = std::get<std::unique_ptr<LoadedModule>>(opened)->version();
+    if (!opened) return "module: " + opened.error();
+    const std::string version = (*opened)->version();
     return "module: " + *module + " " + (version.empty() ? "(no version exported)" : version);
 }
 

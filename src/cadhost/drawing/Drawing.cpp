@@ -32,19 +32,19 @@ Drawing::~Drawing() = default;
 Drawing::Drawing(Drawing&&) noexcept = default;
 Drawing& Drawing::operator=(Drawing&&) noexcept = default;
 
-std::variant<Drawing, std::string> Drawing::open(const std::string& path) {
+ardo::Result<Drawing> Drawing::open(const std::string& path) {
     errno = 0;
     auto bytes = ardo::readFileBytes(path);
     if (!bytes)
-        return "Cannot open \"" + path + "\": " + (errno ? std::strerror(errno) : "it cannot be read") +
-               ". Check the name and your access rights.";
+        return ardo::Error{"Cannot open \"" + path + "\": " + (errno ? std::strerror(errno) : "it cannot be read") +
+               ". Check the name and your access rights."};
     return fromBytes(std::move(*bytes), path);
 }
 
-std::variant<Drawing, std::string> Drawing::fromBytes(std::string bytes, const std::string& path) {
+ardo::Result<Drawing> Drawing::fromBytes(std::string bytes, const std::string& path) {
     const std::string where = path.empty() ? std::string("DXF") : "\"" + path + "\"";
     auto parsed = DxfDocument::parse(std::move(bytes));
-    if (auto* e = std::get_if<DxfError>(&parsed)) return "Cannot open " + where + ". " + e->message;
+    if (auto* e = std::get_if<DxfError>(&parsed)) return ardo::Error{"Cannot open " + where + ". " + e->message};
     Drawing d(std::move(std::get<DxfDocument>(parsed)));
     d.index();
     d.setPath(path);
@@ -65,6 +65,7 @@ void Drawing::index() {
             id = indexBlocks(doc_.next(id));
         } else if (name == "ENTITIES") {
             id = indexEntities(doc_.next(id));
+            entitiesEnd_ = id;
         } else if (name == "OBJECTS") {
             id = indexObjects(doc_.next(id));
             objectsEnd_ = id;
@@ -224,13 +225,13 @@ std::string Drawing::toDxf() {
     return doc_.serialize();
 }
 
-std::optional<std::string> Drawing::save(const std::string& path) {
+ardo::Status Drawing::save(const std::string& path) {
     errno = 0;
     if (!ardo::replaceFile(path, toDxf()))
-        return "Cannot save \"" + path + "\": " + (errno ? std::strerror(errno) : "the file is read-only") +
-               ". The file was left as it was; check the folder's access rights and free space.";
+        return ardo::Error{"Cannot save \"" + path + "\": " + (errno ? std::strerror(errno) : "the file is read-only") +
+               ". The file was left as it was; check the folder's access rights and free space."};
     setPath(path);
-    return std::nullopt;
+    return {};
 }
 
 }  // namespace cadhost

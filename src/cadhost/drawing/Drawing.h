@@ -18,9 +18,11 @@
 #include <variant>
 #include <vector>
 
+#include "cadhost/drawing/DrawingListener.h"
 #include "cadhost/drawing/Geometry.h"
 #include "cadhost/dxf/DxfDocument.h"
 #include "cadhost/dxf/DxfText.h"
+#include "base/Result.h"
 #include "boundary/HostDrawing.h"
 #include "boundary/ResBuf.h"
 
@@ -55,20 +57,24 @@ public:
     Drawing(Drawing&&) noexcept;
     Drawing& operator=(Drawing&&) noexcept;
 
-    // Reads a DXF file. On failure the result is a message for the user naming the file,
-    // the line and what to do.
-    static std::variant<Drawing, std::string> open(const std::string& path);
+    // Reads a DXF file. On failure the message for the user names the file, the line and
+    // what to do.
+    static ardo::Result<Drawing> open(const std::string& path);
     // Reads DXF bytes; `path` only sets DWGNAME and DWGPREFIX.
-    static std::variant<Drawing, std::string> fromBytes(std::string bytes, const std::string& path = {});
+    static ardo::Result<Drawing> fromBytes(std::string bytes, const std::string& path = {});
 
     // Writes the drawing as ASCII DXF, replacing the file atomically (temporary file beside
-    // it, then rename). Returns the error message, or nothing on success. The path becomes
-    // the drawing's DWGNAME/DWGPREFIX.
-    std::optional<std::string> save(const std::string& path);
+    // it, then rename). The path becomes the drawing's DWGNAME/DWGPREFIX.
+    ardo::Status save(const std::string& path);
     // The DXF text as save() writes it.
     std::string toDxf();
 
     std::string_view acadVersion() const { return version_; }
+
+    // Listeners hear of every change to layers, linetypes, entities and system variables.
+    // A listener stays registered until it is removed; it must outlive that.
+    void addListener(DrawingListener& listener) { listeners_.push_back(&listener); }
+    void removeListener(DrawingListener& listener) { std::erase(listeners_, &listener); }
     const DxfDocument& document() const { return doc_; }
 
     // --- ardo::HostDrawing -------------------------------------------------------------
@@ -94,7 +100,12 @@ public:
     bool hasDictionaryEntry(const std::string& dictionary, const std::string& entry) const override;
 
     // --- more layer work for the host's commands --------------------------------------
+    // Layer "0", "Defpoints", the current layer and layers that entities are on stay
+    // (InvalidInput), as PURGE leaves them.
+    ardo::DbStatus eraseLayer(const std::string& name);
     std::vector<std::string> linetypeNames() const;
+    // ByBlock, ByLayer, Continuous and linetypes that layers or entities use stay (InvalidInput).
+    ardo::DbStatus eraseLinetype(const std::string& name);
 
     // --- system variables -------------------------------------------------------------
     // "CLAYER", "TILEMODE", "CMDECHO", "CDATE", "LWUNITS", "LWDEFAULT", "LWDISPLAY",
@@ -108,6 +119,13 @@ public:
     void setCommandActive(int bits) { cmdActive_ = bits; }
 
     // --- entities ---------------------------------------------------------------------
+    // Appends an entity to model space, as entmake does: `tags` start with its type (group
+    // 0) and give its layer (group 8, an existing layer) and data in UTF-8; the handle and
+    // owner are added here. The new entity's handle, or nothing when the tags are refused.
+    std::optional<Handle> makeEntity(const std::vector<EntityTag>& tags);
+    // Erases the entity with what belongs to it (vertices, attributes); KeyNotFound when
+    // there is none.
+    ardo::DbStatus eraseEntity(Handle handle);
     // Entities of model and paper space in file order (block contents and the vertices
     // and attributes that belong to a POLYLINE or INSERT are not visited).
     std::optional<Handle> firstEntity() const;
@@ -184,6 +202,16 @@ private:
     RecordId addTableRecord(std::string_view table, std::vector<OwnedTag> tags);
     std::string tableHandle(std::string_view table) const;
     ardo::LayerRecord layerFromTags(std::span<const DxfTag> tags) const;
+    ardo::DbStatus rewriteLayer(const ardo::LayerRecord& record);
+    ardo::DbStatus announceLayerEdit(const std::string& layer, const std::function<ardo::DbStatus()>& edit);
+    ardo::DbStatus storeLayerPlotStyle(const std::string& layer, const std::string& plotStyle);
+    void dropTableRecord(std::string_view table, RecordId id);
+    bool entityUses(int code, std::string_view name) const;
+    ardo::DbStatus storeVar(std::string_view name, const ardo::ResBuf& value);
+    template <class Announce>
+    void announce(Announce announce) const {
+        for (DrawingListener* listener : listeners_) announce(*listener);
+    }
     std::vector<OwnedTag> layerTags(const ardo::LayerRecord& record) const;
     RecordId ensureTextStyle(std::string_view name, std::string_view font, bool shapeFile);
 
@@ -206,7 +234,8 @@ private:
     DxfTextCodec codec_;
     std::string version_;
     std::string path_;
-    RecordId header_ = kNoRecord, objectsEnd_ = kNoRecord;
+    RecordId header_ = kNoRecord, entitiesEnd_ = kNoRecord, objectsEnd_ = kNoRecord;
+    std::vector<DrawingListener*> listeners_;
     std::unordered_map<std::string, std::size_t> headerIndex_;   // "$NAME" -> index of its 9 tag
     std::unordered_map<std::string, Table> tables_;
     std::unordered_map<std::string, RecordId> layerByName_;      // folded name

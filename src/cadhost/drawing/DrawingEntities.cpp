@@ -153,6 +153,49 @@ ardo::DbStatus Drawing::setViewportFrozenLayers(Handle viewport, const std::vect
     for (const std::string& h : handles) list.push_back({code, h});
     tags.insert(tags.begin() + static_cast<std::ptrdiff_t>(std::min(at, ownTagsEnd(tags))), list.begin(), list.end());
     doc_.replace(e->record, std::move(tags));
+    announce([&](DrawingListener& l) { l.entityChanged(Change::Modified, viewport); });
+    return ardo::DbStatus::Ok;
+}
+
+std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given) {
+    if (given.empty() || given.front().code != 0 || entitiesEnd_ == kNoRecord || !hasHandles()) return std::nullopt;
+    const auto layer = std::find_if(given.begin(), given.end(), [](const EntityTag& t) { return t.code == 8; });
+    if (layer == given.end() || !findLayer(layer->value)) return std::nullopt;
+    const Handle handle = takeHandle();
+    std::vector<OwnedTag> tags{{0, fileText(given.front().value)}, {5, handleText(handle)}};
+    if (!isR12())
+        if (const auto owner = findTableRecord("BLOCK_RECORD", "*Model_Space"))
+            tags.push_back({330, std::string(tagValue(doc_.tags(*owner), 5).value_or("0"))});
+    for (auto t = given.begin() + 1; t != given.end(); ++t) tags.push_back({t->code, fileText(t->value)});
+    const RecordId record = doc_.insertBefore(entitiesEnd_, std::move(tags));
+    RecordId cursor = record;
+    // Appended last in the file and in the index, so the file order holds.
+    spaceEntities_.push_back(addEntity(record, -1, cursor));
+    announce([&](DrawingListener& l) { l.entityChanged(Change::Created, handle); });
+    return handle;
+}
+
+ardo::DbStatus Drawing::eraseEntity(Handle handle) {
+    const Entity* e = findEntity(handle);
+    if (!e) return ardo::DbStatus::KeyNotFound;
+    std::vector<RecordId> records{e->record};
+    while (records.back() != e->last) records.push_back(doc_.next(records.back()));
+    for (RecordId id : records) {
+        if (const auto own = tagValue(doc_.tags(id), 5)) byHandle_.erase(toHandle(*own));
+        doc_.erase(id);
+    }
+    // Out of the lists that count and walk entities; spaceEntities_ stays sorted.
+    const std::uint32_t index = entityByHandle_.at(handle);
+    if (e->block < 0) {
+        std::erase(spaceEntities_, index);
+    } else {
+        Block& block = blocks_[static_cast<std::size_t>(e->block)];
+        std::erase(block.entities, index);
+        block.extentState = Block::Extent::Unknown;   // worked out again when asked
+        block.extents.reset();
+    }
+    entityByHandle_.erase(handle);
+    announce([&](DrawingListener& l) { l.entityChanged(Change::Erased, handle); });
     return ardo::DbStatus::Ok;
 }
 

@@ -176,10 +176,26 @@ DbStatus Drawing::addLayer(const LayerRecord& record) {
     if (const Handle h = takeHandle()) tags.insert(tags.begin() + 1, OwnedTag{5, handleText(h)});
     const RecordId id = addTableRecord("LAYER", std::move(tags));
     layerByName_[foldName(record.name)] = id;
+    announce([&](DrawingListener& l) { l.layerChanged(Change::Created, record.name); });
     return DbStatus::Ok;
 }
 
+// A layer set to what it is already has not changed, and nobody is told.
+DbStatus Drawing::announceLayerEdit(const std::string& layer, const std::function<DbStatus()>& edit) {
+    const auto id = findTableRecord("LAYER", layer);
+    const std::vector<OwnedTag> before = id ? doc_.copyTags(*id) : std::vector<OwnedTag>{};
+    const DbStatus status = edit();
+    if (status != DbStatus::Ok || !id || doc_.copyTags(*id) == before) return status;
+    const std::string held = text(tagValue(doc_.tags(*id), 2).value_or(""));
+    announce([&](DrawingListener& l) { l.layerChanged(Change::Modified, held); });
+    return status;
+}
+
 DbStatus Drawing::updateLayer(const LayerRecord& record) {
+    return announceLayerEdit(record.name, [&] { return rewriteLayer(record); });
+}
+
+DbStatus Drawing::rewriteLayer(const LayerRecord& record) {
     const auto id = findTableRecord("LAYER", record.name);
     if (!id) return DbStatus::KeyNotFound;
     if (!findTableRecord("LTYPE", record.linetype)) return DbStatus::KeyNotFound;
@@ -211,11 +227,15 @@ DbStatus Drawing::updateLayer(const LayerRecord& record) {
     }
     if (tags != doc_.copyTags(*id)) doc_.replace(*id, std::move(tags));
     if (foldName(old.plotStyleName) != foldName(record.plotStyleName))
-        return setLayerPlotStyleName(record.name, record.plotStyleName);
+        return storeLayerPlotStyle(record.name, record.plotStyleName);
     return DbStatus::Ok;
 }
 
 DbStatus Drawing::setLayerPlotStyleName(const std::string& layer, const std::string& plotStyle) {
+    return announceLayerEdit(layer, [&] { return storeLayerPlotStyle(layer, plotStyle); });
+}
+
+DbStatus Drawing::storeLayerPlotStyle(const std::string& layer, const std::string& plotStyle) {
     const auto id = findTableRecord("LAYER", layer);
     if (!id) return DbStatus::KeyNotFound;
     const auto dict = namedDictionary("ACAD_PLOTSTYLENAME");
@@ -225,6 +245,37 @@ DbStatus Drawing::setLayerPlotStyleName(const std::string& layer, const std::str
     std::vector<OwnedTag> tags = doc_.copyTags(*id);
     setTag(tags, 390, std::string(tagValue(doc_.tags(*ph), 5).value_or("0")));
     doc_.replace(*id, std::move(tags));
+    return DbStatus::Ok;
+}
+
+void Drawing::dropTableRecord(std::string_view tableName, RecordId id) {
+    if (const auto handle = tagValue(doc_.tags(id), 5)) byHandle_.erase(toHandle(*handle));
+    std::erase(tables_.at(std::string(tableName)).records, id);
+    doc_.erase(id);
+}
+
+// Whether an entity anywhere (model space, paper space, blocks) names it in that group.
+bool Drawing::entityUses(int code, std::string_view name) const {
+    const std::string key = foldName(name);
+    for (const Entity& e : entities_) {
+        if (doc_.isErased(e.record)) continue;
+        const auto value = tagValue(doc_.tags(e.record), code);
+        if (value && foldName(text(*value)) == key) return true;
+    }
+    return false;
+}
+
+DbStatus Drawing::eraseLayer(const std::string& name) {
+    const auto id = findTableRecord("LAYER", name);
+    if (!id) return DbStatus::KeyNotFound;
+    const std::string held = text(tagValue(doc_.tags(*id), 2).value_or(""));
+    const auto current = getVar("CLAYER");
+    const std::string key = foldName(held);
+    if (key == "0" || key == "DEFPOINTS" || (current && foldName(current->text) == key) || entityUses(8, held))
+        return DbStatus::InvalidInput;
+    layerByName_.erase(key);
+    dropTableRecord("LAYER", *id);
+    announce([&](DrawingListener& l) { l.layerChanged(Change::Erased, held); });
     return DbStatus::Ok;
 }
 

@@ -68,6 +68,23 @@ DbStatus Drawing::loadLinetype(const std::string& name, const std::string& linFi
         if (!shape) tags.push_back({9, fileText(e.content)});
     }
     addTableRecord("LTYPE", std::move(tags));
+    announce([&](DrawingListener& l) { l.linetypeChanged(Change::Created, def->name); });
+    return DbStatus::Ok;
+}
+
+DbStatus Drawing::eraseLinetype(const std::string& name) {
+    const auto id = findTableRecord("LTYPE", name);
+    if (!id) return DbStatus::KeyNotFound;
+    const std::string held = text(tagValue(doc_.tags(*id), 2).value_or(""));
+    const std::string key = foldName(held);
+    bool used = key == "BYBLOCK" || key == "BYLAYER" || key == "CONTINUOUS" || entityUses(6, held);
+    forEachLayer([&](const ardo::LayerRecord& layer) {
+        used = used || foldName(layer.linetype) == key;
+        return !used;
+    });
+    if (used) return DbStatus::InvalidInput;
+    dropTableRecord("LTYPE", *id);
+    announce([&](DrawingListener& l) { l.linetypeChanged(Change::Erased, held); });
     return DbStatus::Ok;
 }
 

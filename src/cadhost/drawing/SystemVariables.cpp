@@ -98,6 +98,12 @@ std::optional<ResBuf> Drawing::getVar(std::string_view name) const {
 }
 
 DbStatus Drawing::setVar(std::string_view name, const ResBuf& value) {
+    const DbStatus status = storeVar(name, value);
+    if (status == DbStatus::Ok) announce([&](DrawingListener& l) { l.variableChanged(foldName(name)); });
+    return status;
+}
+
+DbStatus Drawing::storeVar(std::string_view name, const ResBuf& value) {
     const std::string key = foldName(name);
     if (key == "CDATE" || key == "PROGRAM" || key == "DWGNAME" || key == "DWGPREFIX" || key == "CMDACTIVE")
         return DbStatus::InvalidInput;

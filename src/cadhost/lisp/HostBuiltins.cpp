@@ -9,7 +9,7 @@
 #include "cadhost/lisp/ResBufConvert.h"
 #include "cadhost/lisp/SelectionSet.h"
 #include "cadhost/lisp/SsgetFilter.h"
-#include "cadhost/lisp/Text.h"
+#include "base/CaseFold.h"
 
 namespace cadhost::lisp {
 
@@ -18,7 +18,7 @@ namespace {
 Value getvarFn(Interpreter& in, const Args& args) {
     checkCount(args, 1, 1);
     ardo::ResBuf value;
-    if (!in.host().getVar(toUpper(stringArg(args[0])), value)) return Value();
+    if (!in.host().getVar(ardo::upperCase(stringArg(args[0])), value)) return Value();
     return valueFromNode(in, value);
 }
 
@@ -42,7 +42,7 @@ ardo::ResBuf sysvarValue(const Value& v) {
 
 Value setvarFn(Interpreter& in, const Args& args) {
     checkCount(args, 2, 2);
-    const std::string name = toUpper(stringArg(args[0]));
+    const std::string name = ardo::upperCase(stringArg(args[0]));
     if (!in.host().setVar(name, sysvarValue(args[1])))
         throw LispError("AutoCAD variable setting rejected: " + prin1String(Value::string(name)) + " " +
                         prin1String(args[1]));
@@ -87,7 +87,7 @@ std::vector<std::int64_t> allEntities(LispHost& host) {
 // (ssget "X" [filter]) and (ssget "P"); the underscore forms as well.
 Value ssgetFn(Interpreter& in, const Args& args) {
     checkCount(args, 1, 2);
-    std::string mode = toUpper(stringArg(args[0]));
+    std::string mode = ardo::upperCase(stringArg(args[0]));
     if (!mode.empty() && mode.front() == '_') mode.erase(0, 1);
     const SsgetFilter filter(args.size() == 2 ? listArg(args[1]) : Value());
     std::vector<std::int64_t> candidates;
@@ -166,7 +166,7 @@ Value recordOrNil(bool found, const ardo::ResBufChain& record) {
 Value tblsearchFn(Interpreter& in, const Args& args) {
     checkCount(args, 2, 3);
     ardo::ResBufChain record;
-    const bool found = in.host().tblSearch(toUpper(stringArg(args[0])), stringArg(args[1]), record);
+    const bool found = in.host().tblSearch(ardo::upperCase(stringArg(args[0])), stringArg(args[1]), record);
     return recordOrNil(found, record);
 }
 
@@ -174,7 +174,7 @@ Value tblnextFn(Interpreter& in, const Args& args) {
     checkCount(args, 1, 2);
     ardo::ResBufChain record;
     const bool rewind = args.size() == 2 && !args[1].isNil();
-    const bool found = in.host().tblNext(toUpper(stringArg(args[0])), rewind, record);
+    const bool found = in.host().tblNext(ardo::upperCase(stringArg(args[0])), rewind, record);
     return recordOrNil(found, record);
 }
 

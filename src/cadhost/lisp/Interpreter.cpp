@@ -11,7 +11,7 @@
 #include "cadhost/lisp/ResBufConvert.h"
 #include "cadhost/lisp/SelectionSet.h"
 #include "cadhost/lisp/StackGuard.h"
-#include "cadhost/lisp/Text.h"
+#include "base/CaseFold.h"
 
 namespace cadhost::lisp {
 
@@ -134,7 +134,7 @@ Value Interpreter::callExternal(const External& ext, const Args& args) {
     } catch (const LispError&) {
         throw;
     } catch (const std::exception& e) {
-        throw LispError(toUpper(ext.name) + " failed: " + e.what());
+        throw LispError(ardo::upperCase(ext.name) + " failed: " + e.what());
     }
     return valueFromChain(*this, result);
 }
@@ -183,9 +183,9 @@ EvalResult Interpreter::evaluate(std::string_view source) {
     return result;
 }
 
-void Interpreter::topLevel(std::string_view line) {
+bool Interpreter::topLevel(std::string_view line) {
     Reader reader(symbols_, line);
-    guarded(
+    return guarded(
         [&] {
             while (auto form = reader.next()) {
                 const Value value = eval(*form);
@@ -272,7 +272,7 @@ std::optional<std::filesystem::path> Interpreter::findFile(const std::string& na
         return std::nullopt;
     }
     if (fs::is_regular_file(p, ec)) return fs::absolute(p, ec);
-    for (const fs::path& folder : searchPath_)
+    for (const fs::path& folder : host_.supportPath())
         if (fs::is_regular_file(folder / p, ec)) return folder / p;
     return std::nullopt;
 }

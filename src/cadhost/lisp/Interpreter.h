@@ -37,7 +37,8 @@ public:
     // reports it (*error* or "; error: ...") and stops the evaluation.
     EvalResult evaluate(std::string_view source);
     // The interactive prompt: evaluates each form and prints its value on its own line.
-    void topLevel(std::string_view line);
+    // False when an error stopped it.
+    bool topLevel(std::string_view line);
     // Loads a LISP file as (load) does; errors are reported as for evaluate.
     EvalResult loadFile(const std::string& name);
     // Finds the file (adding ".lsp" when the name has no extension) and evaluates its
@@ -60,8 +61,7 @@ public:
     // Evaluates and empties the queue; returns how many expressions ran.
     std::size_t runQueuedExpressions();
 
-    // Folders that findfile and load search after the current folder.
-    void setSearchPath(std::vector<std::filesystem::path> folders) { searchPath_ = std::move(folders); }
+    // The file along the current folder and the host's support path.
     std::optional<std::filesystem::path> findFile(const std::string& name) const;
 
     Value variable(std::string_view name) const;
@@ -107,7 +107,6 @@ private:
     Symbol* symSlash_;
     Symbol* symError_;
     std::deque<std::string> queue_;
-    std::vector<std::filesystem::path> searchPath_;
     std::unordered_map<std::int64_t, std::weak_ptr<SelectionSet>> selectionSets_;
     std::int64_t nextSelectionId_ = 1;
     bool inErrorHandler_ = false;

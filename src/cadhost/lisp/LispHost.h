@@ -2,6 +2,7 @@
 // What the interpreter asks of the CAD host it runs in. The host plugs in its command
 // line, system variables, command processor and drawing database here.
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,9 @@ public:
 
     // The entities of the previous selection, for (ssget "P").
     virtual std::vector<std::int64_t> previousSelection() = 0;
+
+    // The support folders that findfile and load search after the current folder.
+    virtual const std::vector<std::filesystem::path>& supportPath() const = 0;
 };
 
 }  // namespace cadhost::lisp

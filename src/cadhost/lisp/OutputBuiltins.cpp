@@ -6,7 +6,7 @@
 #include "cadhost/lisp/Interpreter.h"
 #include "cadhost/lisp/LispFile.h"
 #include "cadhost/lisp/Printer.h"
-#include "cadhost/lisp/Text.h"
+#include "base/CaseFold.h"
 
 namespace cadhost::lisp {
 
@@ -66,7 +66,7 @@ Value writeLineFn(Interpreter& in, const Args& args) {
 Value openFn(Interpreter&, const Args& args) {
     checkCount(args, 2, 2);
     const std::string& name = stringArg(args[0]);
-    const std::string mode = toLower(stringArg(args[1]));
+    const std::string mode = ardo::lowerCase(stringArg(args[1]));
     auto file = std::make_shared<LispFile>();
     if (mode == "r") {
         file->stream.open(name, std::ios::in | std::ios::binary);

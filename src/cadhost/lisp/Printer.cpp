@@ -6,7 +6,7 @@
 #include "cadhost/lisp/External.h"
 #include "cadhost/lisp/SelectionSet.h"
 #include "cadhost/lisp/StackGuard.h"
-#include "cadhost/lisp/Text.h"
+#include "base/CaseFold.h"
 
 namespace cadhost::lisp {
 
@@ -107,7 +107,7 @@ void printValue(std::string& out, const Value& v, PrintStyle style) {
         printAddressed(out, "USUBR", &l, l.name ? l.name->name : "-lambda-");
         break;
     }
-    case Kind::Exsubr: printAddressed(out, "EXRXSUBR", &v.asExternal(), toUpper(v.asExternal().name)); break;
+    case Kind::Exsubr: printAddressed(out, "EXRXSUBR", &v.asExternal(), ardo::upperCase(v.asExternal().name)); break;
     case Kind::Ename: {
         char buf[48];
         std::snprintf(buf, sizeof buf, "<Entity name: %llx>", static_cast<unsigned long long>(v.asId()));

@@ -10,6 +10,8 @@
 #include "cadhost/lisp/Printer.h"
 #include "cadhost/lisp/Reader.h"
 #include "cadhost/lisp/Text.h"
+#include "base/CaseFold.h"
+#include "base/Utf8.h"
 #include "cadhost/lisp/Wildcard.h"
 
 namespace cadhost::lisp {
@@ -20,7 +22,7 @@ Value strcaseFn(Interpreter&, const Args& args) {
     checkCount(args, 1, 2);
     const std::string& s = stringArg(args[0]);
     const bool lower = args.size() == 2 && !args[1].isNil();
-    return Value::string(lower ? toLower(s) : toUpper(s));
+    return Value::string(lower ? ardo::lowerCase(s) : ardo::upperCase(s));
 }
 
 Value strcatFn(Interpreter&, const Args& args) {
@@ -42,7 +44,7 @@ Value substrFn(Interpreter&, const Args& args) {
     }
     std::string out;
     for (std::size_t i = static_cast<std::size_t>(start) - 1; i < chars.size() && count > 0; ++i, --count)
-        appendUtf8(out, chars[i]);
+        ardo::appendUtf8(out, chars[i]);
     return Value::string(std::move(out));
 }
 
@@ -114,7 +116,7 @@ Value chrFn(Interpreter&, const Args& args) {
     checkCount(args, 1, 1);
     const std::int32_t code = intArg(args[0]);
     std::string out;
-    if (code > 0 && code < 0x110000) appendUtf8(out, static_cast<char32_t>(code));
+    if (code > 0 && code < 0x110000) ardo::appendUtf8(out, static_cast<char32_t>(code));
     return Value::string(std::move(out));
 }
 

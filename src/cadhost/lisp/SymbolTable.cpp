@@ -1,11 +1,11 @@
 #include "cadhost/lisp/SymbolTable.h"
 
-#include "cadhost/lisp/Text.h"
+#include "base/CaseFold.h"
 
 namespace cadhost::lisp {
 
 Symbol* SymbolTable::intern(std::string_view name) {
-    std::string key = toUpper(name);
+    std::string key = ardo::upperCase(name);
     auto it = symbols_.find(key);
     if (it != symbols_.end()) return it->second.get();
     auto sym = std::make_unique<Symbol>();
@@ -16,7 +16,7 @@ Symbol* SymbolTable::intern(std::string_view name) {
 }
 
 Symbol* SymbolTable::find(std::string_view name) const {
-    auto it = symbols_.find(toUpper(name));
+    auto it = symbols_.find(ardo::upperCase(name));
     return it == symbols_.end() ? nullptr : it->second.get();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
-// UTF-8 text as AutoLISP's string functions see it: one character per code point,
-// letters folded the way the Windows Latin code page does (umlauts included).
+// UTF-8 text as AutoLISP's string functions see it: one character per code point. Case
+// folding is the host's one rule for every name and text (base/CaseFold).
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -9,11 +9,6 @@
 namespace cadhost::lisp {
 
 std::vector<char32_t> decodeUtf8(std::string_view text);
-void appendUtf8(std::string& out, char32_t c);
 std::size_t utf8Length(std::string_view text);
-char32_t upperChar(char32_t c);
-char32_t lowerChar(char32_t c);
-std::string toUpper(std::string_view text);
-std::string toLower(std::string_view text);
 
 }  // namespace cadhost::lisp

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "cadhost/lisp/Text.h"
+#include "base/CaseFold.h"
 
 namespace cadhost::lisp {
 
@@ -20,7 +21,9 @@ struct Matcher {
     const Chars& pat;  // one alternative, without its commas
     bool ignoreCase;
 
-    bool same(char32_t a, char32_t b) const { return ignoreCase ? upperChar(a) == upperChar(b) : a == b; }
+    bool same(char32_t a, char32_t b) const {
+        return ignoreCase ? ardo::upperChar(a) == ardo::upperChar(b) : a == b;
+    }
 
     // Matches a bracket class at pat[p] (just after '['); sets end to the index after ']'.
     bool matchClass(std::size_t p, char32_t c, std::size_t& end) const {
@@ -34,9 +37,9 @@ struct Matcher {
             if (lo == '`' && p + 1 < pat.size()) lo = pat[++p];
             if (p + 2 < pat.size() && pat[p + 1] == '-' && pat[p + 2] != ']') {
                 char32_t hi = pat[p + 2];
-                const char32_t cu = ignoreCase ? upperChar(c) : c;
-                const char32_t lu = ignoreCase ? upperChar(lo) : lo;
-                const char32_t hu = ignoreCase ? upperChar(hi) : hi;
+                const char32_t cu = ignoreCase ? ardo::upperChar(c) : c;
+                const char32_t lu = ignoreCase ? ardo::upperChar(lo) : lo;
+                const char32_t hu = ignoreCase ? ardo::upperChar(hi) : hi;
                 if ((c >= lo && c <= hi) || (cu >= lu && cu <= hu)) found = true;
                 p += 3;
             } else {

@@ -1,17 +1,21 @@
 #pragma once
-// A CAD host over a new drawing whose command-line output the test reads.
+// The CAD host with one new drawing open, on a console in script mode whose output the
+// test reads.
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "cadhost/app/CadHost.h"
+#include "cadhost/app/Application.h"
+#include "cadhost/app/ConsoleInterface.h"
 
 namespace cadhost::test {
 
 class HostTest : public ::testing::Test {
 protected:
     std::string output;
-    CadHost host{Drawing(), false, [this](std::string_view text) { output += text; }};
+    ConsoleInterface ui{[this](std::string_view text) { output += text; }};
+    Application host{ui};
+    Document& first = host.addDocument(Drawing(), false);
 
     // The value as the prompt prints it, or "ERR:" and the error message.
     std::string run(std::string_view source) {
@@ -19,8 +23,8 @@ protected:
         return r.ok ? r.printed : "ERR:" + r.error;
     }
     void loadTestModule() {
-        const auto error = host.modules().load(ARDO_TEST_MODULE);
-        ASSERT_FALSE(error) << *error;
+        const ardo::Status loaded = host.modules().load(ARDO_TEST_MODULE);
+        ASSERT_TRUE(loaded) << loaded.error();
     }
 };
 

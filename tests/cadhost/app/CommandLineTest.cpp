@@ -60,7 +60,9 @@ TEST_F(CommandLineInput, QuitEndsFromLispAndAsACommand) {
     EXPECT_EQ(output, "");   // no error is shown for a quit
     EXPECT_EQ(host.lisp().evaluate("(list before after)").printed, "(1 nil)");
 
-    CadHost fresh{Drawing(), false, [](std::string_view) {}};
+    ConsoleInterface quiet{[](std::string_view) {}};
+    Application fresh{quiet};
+    fresh.addDocument(Drawing(), false);
     CommandLine typed{fresh};
     typed.enter("quit");
     EXPECT_TRUE(typed.quitRequested());

@@ -77,19 +77,96 @@ TEST_F(Console, ExpressionsScriptsAndStandardInputRunInOrderAndTheDrawingIsSaved
               "Command: (setq n 1)\n1\n"
               "Command: (defun c:twice ()\n  (setq n (* n 2))\n  (princ n) (princ))\nC:TWICE\n"
               "42\n"
-              "Command: twice\n2"
+              // The prompt starts a line of its own after output without a line end.
+              "Command: twice\n2\n"
               "Command: (car nil nil)\n; error: too many arguments\n"
               "Command: !n\n2\n"
               "Command: (setvar \"CLAYER\" \"Wand\")\n\"Wand\"\n");
     ASSERT_TRUE(fs::exists(saved));
     auto reread = Drawing::open(saved.string());
-    ASSERT_TRUE(std::holds_alternative<Drawing>(reread)) << std::get<std::string>(reread);
-    EXPECT_EQ(std::get<Drawing>(reread).getVar("CLAYER")->text, "Wand");
-    EXPECT_EQ(std::get<Drawing>(reread).entityCount(), 2u);
+    ASSERT_TRUE(reread) << reread.error();
+    EXPECT_EQ(reread->getVar("CLAYER")->text, "Wand");
+    EXPECT_EQ(reread->entityCount(), 2u);
     // An independent reader where the machine has one.
     if (auto read = ezdxf(saved, "d.header['$CLAYER'], d.header['$USERI1'], len(d.modelspace())")) {
         EXPECT_EQ(*read, "Wand 42 2\n");
     }
+}
+
+// A start-up step that fails leaves the output file alone, skips what follows, and the
+// exit status says so.
+TEST_F(Console, FailedStartUpStepsSaveNothing) {
+    const fs::path previous = write("prev.dxf", "the previous drawing\n");
+    const fs::path folder = dir / "scripts";
+    fs::create_directories(folder);
+    const fs::path failing = write("failing.lsp", "(setq a 1)\n(car 1)\n(setq b 2)\n");
+    struct Case {
+        std::vector<std::string> steps;
+        std::string message;
+    };
+    for (const Case& c : {Case{{"-s", (dir / "missing.lsp").string()}, "cannot read script"},
+                          Case{{"-s", folder.string()}, "it is a folder"},
+                          Case{{"-e", "(car 1)"}, "the expression \"(car 1)\" failed"},
+                          Case{{"-e", "(princ \"open\""}, "failed"},
+                          Case{{"-e", "NOSUCHCOMMAND"}, "failed"},
+                          Case{{"-s", failing.string()}, "the script"}}) {
+        std::vector<std::string> args{ARDO_TEST_DATA "/app/two-lines.dxf", "--no-module"};
+        args.insert(args.end(), c.steps.begin(), c.steps.end());
+        args.insert(args.end(), {"-e", "(princ \"later\")", "-o", previous.string()});
+        const Outcome r = run(args, "(princ \"stdin\")\n");
+        EXPECT_EQ(r.exitCode, 1) << c.steps.back();
+        EXPECT_NE(r.err.find(c.message), std::string::npos) << r.err;
+        EXPECT_NE(r.err.find("nothing was saved"), std::string::npos) << r.err;
+        EXPECT_EQ(r.out.find("later"), std::string::npos) << r.out;
+        EXPECT_EQ(r.out.find("stdin"), std::string::npos) << r.out;
+        EXPECT_EQ(ardo::test::readBytes(previous), "the previous drawing\n") << c.steps.back();
+    }
+}
+
+// Two drawings in one run: each has its own LISP namespace; the last one given is current
+// and is the one -o saves; DRAWINGS and SWITCH list and change the current one.
+TEST_F(Console, SeveralDrawingsEachWithItsOwnNamespace) {
+    const fs::path second = write("second.dxf", ardo::test::readBytes(ARDO_TEST_DATA "/app/two-lines.dxf"));
+    const fs::path saved = dir / "saved.dxf";
+    const Outcome r = run({ARDO_TEST_DATA "/app/two-lines.dxf", second.string(), "--no-module", "-e",
+                           "(setq where \"second\")", "-o", saved.string()},
+                          "DRAWINGS\n"
+                          "SWITCH 1\n"
+                          "(list where (getvar \"DWGNAME\") (drawings))\n"
+                          "(setq where \"first\")\n"
+                          "(command \"_.LAYER\" \"_NEW\" \"NurEins\" \"\")\n"
+                          "SWITCH\n"
+                          "second.DXF\n"
+                          "(list where (tblsearch \"LAYER\" \"NurEins\"))\n"
+                          "(switchdrawing 1) (getvar \"DWGNAME\")\n"
+                          "(getvar \"DWGNAME\")\n"
+                          "(switchdrawing \"nowhere.dxf\")\n"
+                          "(switchdrawing 2)\n");
+    EXPECT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_EQ(r.err, "");
+    const std::string first = fs::absolute(ARDO_TEST_DATA "/app/two-lines.dxf").string();
+    EXPECT_NE(r.out.find("Command: DRAWINGS\n  1  two-lines.dxf  (" + first + ")\n* 2  second.dxf  (" +
+                         second.string() + ")\n"),
+              std::string::npos)
+        << r.out;
+    EXPECT_NE(r.out.find("Command: SWITCH 1\nCurrent drawing: two-lines.dxf\n"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("(nil \"two-lines.dxf\" (\"two-lines.dxf\" \"second.dxf\"))"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("Drawing to make current (number or name): second.DXF\nCurrent drawing: second.dxf\n"),
+              std::string::npos)
+        << r.out;
+    EXPECT_NE(r.out.find("(list where (tblsearch \"LAYER\" \"NurEins\"))\n(\"second\" nil)\n"), std::string::npos)
+        << r.out;
+    // A switch asked for in LISP takes effect when the expression is done.
+    EXPECT_NE(r.out.find("(switchdrawing 1) (getvar \"DWGNAME\")\n\"two-lines.dxf\"\n\"second.dxf\"\n"),
+              std::string::npos)
+        << r.out;
+    EXPECT_NE(r.out.find("Command: (getvar \"DWGNAME\")\n\"two-lines.dxf\"\n"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("(switchdrawing \"nowhere.dxf\")\nnil\n"), std::string::npos) << r.out;
+    // -o saves the current drawing: the second, without the first one's layer.
+    auto reread = Drawing::open(saved.string());
+    ASSERT_TRUE(reread) << reread.error();
+    EXPECT_FALSE(reread->findLayer("NurEins"));
+    EXPECT_EQ(reread->entityCount(), 2u);
 }
 
 TEST_F(Console, QuitEndsTheSessionAndLaterInputIsNotRun) {

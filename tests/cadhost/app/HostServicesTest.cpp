@@ -6,7 +6,7 @@ namespace {
 using HostServices = HostTest;
 
 // Handlers registered by the test itself, outside any module, as plain functions.
-CadHost* current = nullptr;
+Application* current = nullptr;
 int outerCode = -1;
 
 int innerHandler() {
@@ -66,8 +66,8 @@ TEST_F(HostServices, SystemVariablesOfTheDrawingAndOfTheHost) {
 }
 
 TEST_F(HostServices, MessageBoxesInScriptModeTakeGivenAnswersThenTheDefault) {
-    host.boxes().addScriptAnswer(ardo::MbAnswer::No);
-    host.boxes().addScriptAnswer(ardo::MbAnswer::Ok);
+    ui.boxes().addScriptAnswer(ardo::MbAnswer::No);
+    ui.boxes().addScriptAnswer(ardo::MbAnswer::Ok);
     EXPECT_EQ(host.messageBox("Delete the layer?", "Layers", ardo::MbButtons::YesNo, ardo::MbIcon::Question),
               ardo::MbAnswer::No);
     EXPECT_EQ(output, "\n+-- Layers (Question) --\n| Delete the layer?\n+-- [Yes] No\nAnswer: No\n");
@@ -86,7 +86,7 @@ TEST_F(HostServices, MessageBoxesInScriptModeTakeGivenAnswersThenTheDefault) {
 TEST_F(HostServices, MessageBoxesOnATerminalAskUntilAButtonIsNamed) {
     std::vector<std::string> typed{"maybe", "c", ""};
     std::vector<std::string> prompts;
-    host.boxes().setReader([&](const std::string& prompt) -> std::optional<std::string> {
+    ui.boxes().setReader([&](const std::string& prompt) -> std::optional<std::string> {
         prompts.push_back(prompt);
         if (typed.empty()) return std::nullopt;
         std::string line = typed.front();
@@ -104,10 +104,9 @@ TEST_F(HostServices, MessageBoxesOnATerminalAskUntilAButtonIsNamed) {
 }
 
 TEST_F(HostServices, EntitiesAndTablesOfTheDrawingReachLisp) {
-    auto opened = Drawing::open(ARDO_TEST_DATA "/app/two-lines.dxf");
-    ASSERT_TRUE(std::holds_alternative<Drawing>(opened)) << std::get<std::string>(opened);
-    std::string text;
-    CadHost withLines(std::move(std::get<Drawing>(opened)), true, [&](std::string_view t) { text += t; });
+    auto opened = host.openDocument(ARDO_TEST_DATA "/app/two-lines.dxf");
+    ASSERT_TRUE(opened) << opened.error();
+    Application& withLines = host;
     const auto run2 = [&](std::string_view source) {
         const lisp::EvalResult r = withLines.lisp().evaluate(source);
         return r.ok ? r.printed : "ERR:" + r.error;

@@ -8,6 +8,7 @@
 #include <vector>
 #include <utility>
 
+#include "cadhost/colors/ColorServices.h"
 #include "cadhost/commands/CommandProcessor.h"
 #include "cadhost/drawing/Drawing.h"
 
@@ -19,8 +20,11 @@ inline std::string fixturePath(const std::string& name) { return std::string(ARD
 
 inline Drawing openFixture(const std::string& name) {
     auto opened = Drawing::open(fixturePath(name));
-    if (auto* error = std::get_if<std::string>(&opened)) ADD_FAILURE() << *error;
-    return std::get<Drawing>(std::move(opened));
+    if (!opened) {
+        ADD_FAILURE() << opened.error();
+        return Drawing();
+    }
+    return std::move(opened).value();
 }
 
 class CommandLine {
@@ -47,9 +51,10 @@ public:
     std::string printed;
     std::map<std::int64_t, std::vector<std::int64_t>> selectionSets;
     int regenerations = 0;
+    ColorServices colors;
     CommandProcessor processor{{&drawing, [this](const std::string& text) { printed += text; },
                                 [this](std::int64_t set) { return selectionSets[set]; },
-                                [this] { ++regenerations; }}};
+                                [this] { ++regenerations; }, &colors}};
 };
 
 }  // namespace cadhost::test

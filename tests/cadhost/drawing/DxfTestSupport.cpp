@@ -23,20 +23,20 @@ std::vector<fs::path> corpusFiles() {
 
 Drawing openOrFail(const std::string& path) {
     auto r = Drawing::open(path);
-    if (auto* e = std::get_if<std::string>(&r)) {
-        ADD_FAILURE() << *e;
+    if (!r) {
+        ADD_FAILURE() << r.error();
         return Drawing();
     }
-    return std::move(std::get<Drawing>(r));
+    return std::move(r).value();
 }
 
 Drawing parseOrFail(const std::string& bytes) {
     auto r = Drawing::fromBytes(bytes);
-    if (auto* e = std::get_if<std::string>(&r)) {
-        ADD_FAILURE() << *e;
+    if (!r) {
+        ADD_FAILURE() << r.error();
         return Drawing();
     }
-    return std::move(std::get<Drawing>(r));
+    return std::move(r).value();
 }
 
 bool hasLibreCad() { return ardo::test::runProcess({"sh", "-c", "command -v librecad"}).exitCode == 0; }

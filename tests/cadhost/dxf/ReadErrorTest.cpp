@@ -9,8 +9,7 @@ namespace {
 
 std::string errorOf(const std::string& bytes) {
     auto r = Drawing::fromBytes(bytes, "probe.dxf");
-    const auto* e = std::get_if<std::string>(&r);
-    return e ? *e : std::string();
+    return r ? std::string() : r.error();
 }
 
 const std::string kGood = "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n 10\n1.0\n  0\nENDSEC\n  0\nEOF\n";

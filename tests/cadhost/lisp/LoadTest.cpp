@@ -17,7 +17,7 @@ protected:
         fs::create_directories(dir / "sub");
         folder.write("sub/tools.lsp", "(defun twice (x) (* 2 x))\n(setq loaded \"tools\")\n");
         folder.write("broken.lsp", "(setq half 1)\n(defun oops (\n");
-        lisp.setSearchPath({dir / "sub", dir});
+        host.support = {dir / "sub", dir};
     }
 };
 

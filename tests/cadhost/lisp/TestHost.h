@@ -42,6 +42,7 @@ public:
     std::vector<ardo::ResBufChain> layers;
     std::vector<std::int64_t> previous;
     std::size_t tableCursor = 0;
+    std::vector<std::filesystem::path> support;
 
     void print(std::string_view text) override { output += text; }
     bool getVar(const std::string& name, ardo::ResBuf& value) override {
@@ -92,6 +93,7 @@ public:
         return true;
     }
     std::vector<std::int64_t> previousSelection() override { return previous; }
+    const std::vector<std::filesystem::path>& supportPath() const override { return support; }
 
 private:
     static std::string toUpperName(std::string s) {

@@ -41,6 +41,9 @@ TEST(Wildcard, CaseSensitivityIsTheCallersChoice) {
     EXPECT_FALSE(wildcardMatch("wand", "W*"));
     EXPECT_TRUE(wildcardMatch("wand", "W*", true));
     EXPECT_TRUE(wildcardMatch("äußen", "ÄU*", true));
+    // Layer patterns fold as layer names do, Š and Ÿ included.
+    EXPECT_TRUE(wildcardMatch("štab-ÿ", "ŠTAB-Ÿ", true));
+    EXPECT_FALSE(wildcardMatch("štab", "ŠTAB", false));
     EXPECT_TRUE(wildcardMatch("m", "[A-Z]", true));
 }
 

@@ -1,0 +1,37 @@
+#pragma once
+// The command line's commands for the open drawings:
+//   DRAWINGS          lists them, numbered, the current one marked with "*"
+//   SWITCH [which]    makes the drawing of that number or name current
+//   OPEN [file.dxf]   opens a drawing and makes it current
+//   CLOSE [which]     closes that drawing, the current one without an argument
+// A command given without the argument it needs asks for it on the next line.
+#include <string>
+#include <string_view>
+
+namespace cadhost {
+
+class Application;
+
+class DocumentCommands {
+public:
+    explicit DocumentCommands(Application& app) : app_(app) {}
+
+    static bool knows(std::string_view name);
+    // `name` is upper case; `argument` the rest of the line.
+    void run(const std::string& name, std::string_view argument);
+    // True while a command waits for its argument.
+    bool waiting() const { return !waiting_.empty(); }
+    std::string prompt() const;
+    void answer(std::string_view line);
+
+private:
+    void list();
+    void switchTo(std::string_view which);
+    void open(std::string_view file);
+    void close(std::string_view which);
+
+    Application& app_;
+    std::string waiting_;
+};
+
+}  // namespace cadhost
