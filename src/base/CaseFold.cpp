@@ -8,11 +8,21 @@ namespace {
 
 bool isWhite(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f'; }
 
-// Folds every letter of the text; ASCII text takes the short way.
+// Folds every letter of the text. Keys and names are mostly ASCII and every lookup folds
+// one, so ASCII text is folded in place without decoding.
 template <class Fold>
 std::string foldText(std::string_view utf8, Fold fold) {
-    std::string out;
-    out.reserve(utf8.size());
+    std::string out(utf8);
+    bool ascii = true;
+    for (char& c : out) {
+        if (static_cast<unsigned char>(c) >= 0x80) {
+            ascii = false;
+            break;
+        }
+        c = char(fold(static_cast<unsigned char>(c)));
+    }
+    if (ascii) return out;
+    out.clear();
     size_t pos = 0;
     while (pos < utf8.size()) {
         auto b = static_cast<unsigned char>(utf8[pos]);

@@ -2,6 +2,7 @@
 
 #include <iconv.h>
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cerrno>
@@ -96,8 +97,15 @@ std::string iconvConvert(std::string_view in, const char* to, const char* from, 
         }
         *dst++ = '?';
         --dstLeft;
-        ++src;
-        --srcLeft;
+        // One '?' for one character: from UTF-8, the whole sequence is skipped.
+        size_t skip = 1;
+        if (std::string_view(from) == "UTF-8") {
+            const auto lead = static_cast<unsigned char>(*src);
+            skip = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 1;
+        }
+        skip = std::min(skip, srcLeft);
+        src += skip;
+        srcLeft -= skip;
     }
     out.resize(size_t(dst - out.data()));
     iconv_close(cd);
@@ -157,6 +165,23 @@ std::string encodeFileText(std::string_view utf8) {
     bool ok = false;
     std::string out = iconvConvert(utf8, cp.c_str(), "UTF-8", &ok);
     return ok ? out : std::string(utf8);
+}
+
+std::string charactersNotInFileCodePage(std::string_view utf8) {
+    const std::string& cp = currentName();
+    std::string lost;
+    if (isUtf8(cp)) return lost;
+    std::u32string seen;
+    forEachCodePoint(utf8, [&](char32_t c) {
+        if (c < 0x80 || seen.find(c) != std::u32string::npos) return;
+        std::string one;
+        appendUtf8(one, c);
+        const bool missing = isCp1252(cp) ? unicodeToCp1252(c) < 0 : encodeFileText(one) == "?";
+        if (!missing) return;
+        seen += c;
+        lost += one;
+    });
+    return lost;
 }
 
 }  // namespace ardo

@@ -17,5 +17,8 @@ const std::string& fileCodePage();
 std::string decodeFileText(std::string_view bytes);
 // UTF-8 to 8-bit file text; characters the code page lacks become '?'.
 std::string encodeFileText(std::string_view utf8);
+// The characters of the text that the code page lacks, each once, in order of appearance;
+// empty when the text can be written as it is.
+std::string charactersNotInFileCodePage(std::string_view utf8);
 
 }  // namespace ardo

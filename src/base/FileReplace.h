@@ -4,10 +4,19 @@
 #include <string>
 #include <string_view>
 
+#include "base/Result.h"
+
 namespace ardo {
 
-// False when the temporary file cannot be made or written, or the rename fails; the
-// target is then untouched. A replaced file keeps its permissions.
-bool replaceFile(const std::string& path, std::string_view bytes);
+// Writes `bytes` to `path`. A symbolic link is followed and the file it names is replaced,
+// so a file shared through a link gets the change. Only regular files are replaced: a
+// folder, a device or a pipe is refused. The replaced file keeps its mode, and its owner
+// and group where this user may set them. Temporary files that a killed save of the same
+// file left behind are removed. On failure the target is untouched and the message, which
+// is the failure's, says what stood in the way.
+Status replaceFile(const std::string& path, std::string_view bytes);
+
+// The file a save of `path` writes: `path` itself, or the end of its chain of links.
+std::string saveTarget(const std::string& path);
 
 }  // namespace ardo

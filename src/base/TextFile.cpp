@@ -70,7 +70,7 @@ bool writeTextFile(const std::string& path, const std::string& text, LineEnd lin
         }
         encoded.swap(crlf);
     }
-    return replaceFile(path, encoded);
+    return replaceFile(path, encoded).ok();
 }
 
 LineEnd lineEndOfFile(const std::string& path) {

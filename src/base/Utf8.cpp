@@ -44,4 +44,10 @@ char32_t decodeUtf8At(std::string_view s, size_t& pos) {
     return c;
 }
 
+bool hasControlCharacter(std::string_view s) {
+    for (unsigned char c : s)
+        if (c < 0x20 || c == 0x7F) return true;
+    return false;
+}
+
 }  // namespace ardo

@@ -13,6 +13,10 @@ void forEachCodePoint(std::string_view s, F&& f);
 
 char32_t decodeUtf8At(std::string_view s, size_t& pos);
 
+// True when the text holds a C0 control character (line breaks, tab, NUL, ...) or DEL:
+// characters no name and no one-line value may hold.
+bool hasControlCharacter(std::string_view s);
+
 template <class F>
 void forEachCodePoint(std::string_view s, F&& f) {
     size_t pos = 0;

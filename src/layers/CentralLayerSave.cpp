@@ -5,6 +5,7 @@
 #include "base/Printf.h"
 #include "base/TextFile.h"
 #include "layers/CentralLayerFile.h"
+#include "settings/CodePageWarning.h"
 #include "messages/MessageCatalog.h"
 
 namespace ardo {
@@ -47,7 +48,9 @@ std::string CentralLayerFile::fileText() const {
 bool CentralLayerFile::save(const std::string& path) const {
     if (!anythingToSave()) return true;
     const LineEnd lineEnd = image_ ? image_->lineEnd() : lineEndOfFile(path);
-    if (!writeTextFile(path, fileText(), lineEnd)) {
+    const std::string text = fileText();
+    warnCharactersNotInCodePage(path, text);
+    if (!writeTextFile(path, text, lineEnd)) {
         reportCannotWrite(path);
         return false;
     }

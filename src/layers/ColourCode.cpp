@@ -78,9 +78,13 @@ std::optional<HostColor> colorFromCode(std::int32_t code, const std::string& boo
     if (colour.method == HostColor::Method::ColorBook) {
         HostColor shipped;
         if (host().colorFromColorBookName(bookName, colorName, shipped)) return shipped;
-        colour.method = HostColor::Method::TrueColor;
-        colour.bookName.clear();
-        colour.colorName.clear();
+        // A book the host does not ship: its names are labels of the code's RGB and stay on
+        // the layer, as the common hosts keep them. Without both names it is a true colour.
+        if (bookName.empty() || colorName.empty()) {
+            colour.method = HostColor::Method::TrueColor;
+            colour.bookName.clear();
+            colour.colorName.clear();
+        }
     }
     return colour;
 }

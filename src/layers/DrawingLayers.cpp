@@ -1,8 +1,7 @@
 #include "layers/DrawingLayers.h"
 
-#include <filesystem>
-
 #include "module/HostBinding.h"
+#include "base/FileLookup.h"
 #include "base/Printf.h"
 #include "layers/ColourCode.h"
 #include "module/SystemVariableOverride.h"
@@ -39,8 +38,8 @@ void ensureLinetype(const std::string& linetype, const std::string& linetypeFile
     // As the host's loader does, a file not found as given is looked for along the
     // host's support folders.
     std::string file = linetypeFile;
-    std::error_code ec;
-    if (!file.empty() && !std::filesystem::exists(file, ec)) host().findFile(linetypeFile, file);
+    if (const auto onDisk = findOnDisk(linetypeFile)) file = *onDisk;
+    else if (!file.empty()) host().findFile(linetypeFile, file);
     const DbStatus status = drawing->loadLinetype(linetype, file);
     if (status != DbStatus::Ok) printLayerError("EsOpenLinetypeTable", status);
 }

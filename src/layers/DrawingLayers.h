@@ -32,6 +32,9 @@ int createLayer(const std::string& name, const LayerValue& fields);
 // Applies state bits through the "_.LAYER" command (and "_VPLAYER" in a layout). The
 // current layer always stays thawed, unlocked and on. RTNORM.
 int applyLayerStates(const std::string& name, int bits);
+// The name as a layer pattern that matches this layer only: every wildcard character taken
+// literally with a backquote ("Plan#1" -> "Plan`#1").
+std::string literalLayerPattern(const std::string& name);
 
 // The state bits of a drawing layer; 32 when its name is "CLAYER", compared exactly.
 int layerStateBits(const LayerRecord& layer);

@@ -9,8 +9,8 @@ namespace ardo::handlers {
 namespace {
 
 // The entry of the key in the second argument, after the two strings were checked.
-std::optional<LayerValue> entryOfCall(CallFrame& frame) {
-    if (!frame.check({{ArgKind::String}, {ArgKind::String}})) return std::nullopt;
+const LayerValue* entryOfCall(CallFrame& frame) {
+    if (!frame.check({{ArgKind::String}, {ArgKind::String}})) return nullptr;
     return layerEntryOfKey(frame.text(1));
 }
 

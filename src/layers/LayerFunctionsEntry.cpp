@@ -35,8 +35,8 @@ private:
         header_ = file.findSection(kLayerSection);
         hasSection_ = header_ != file.end();
         if (!hasSection_) return;
-        for (auto line = std::next(header_); line != file.sectionEnd(header_); ++line)
-            lines_.try_emplace(upperCase(line->key), line);
+        const auto end = file.sectionEnd(header_);
+        for (auto line = std::next(header_); line != end; ++line) lines_.try_emplace(upperCase(line->key), line);
     }
 
     std::uint64_t serial_ = 0;
@@ -48,17 +48,28 @@ private:
 
 }  // namespace
 
-std::optional<LayerValue> layerEntryOfKey(const std::string& key) {
-    const SettingsStore* file = moduleFiles().centralLayerFile.get();
-    if (!file) return std::nullopt;
-    static LayerKeyIndex index;
-    const auto found = index.find(*file, key);
-    if (!found) return std::nullopt;
-    const auto line = *found;
-    if (line == file->end() || line->value.empty()) return std::nullopt;
+// The last value line parsed, kept with the text it was parsed from: programs ask for the
+// same key many times in a row, and a line changed since is parsed again.
+struct ParsedLine {
+    std::string text;
     LayerValue value;
-    if (!parseLayerValue(line->value, value)) return std::nullopt;
-    return value;
+    bool valid = false;
+};
+
+const LayerValue* layerEntryOfKey(const std::string& key) {
+    const SettingsStore* file = moduleFiles().centralLayerFile.get();
+    if (!file) return nullptr;
+    static LayerKeyIndex index;
+    static ParsedLine last;
+    const auto found = index.find(*file, key);
+    if (!found) return nullptr;
+    const auto line = *found;
+    if (line == file->end() || line->value.empty()) return nullptr;
+    if (line->value != last.text) {
+        last.text = line->value;
+        last.valid = parseLayerValue(line->value, last.value);
+    }
+    return last.valid ? &last.value : nullptr;
 }
 
 void forEachLayerEntry(const std::function<bool(const std::string& key, const LayerValue&)>& visit) {
@@ -66,7 +77,8 @@ void forEachLayerEntry(const std::function<bool(const std::string& key, const La
     if (!file) return;
     const auto header = file->findSection(kLayerSection);
     if (header == file->end()) return;
-    for (auto line = std::next(header); line != file->sectionEnd(header); ++line) {
+    const auto end = file->sectionEnd(header);
+    for (auto line = std::next(header); line != end; ++line) {
         LayerValue value;
         if (line->isSection() || !parseLayerValue(line->value, value)) continue;
         if (!visit(line->key, value)) return;

@@ -2,16 +2,16 @@
 // Entries of the central layer control file as the layer LISP functions see them: by key
 // in its "[LAYER]" section, parsed into their fields.
 #include <functional>
-#include <optional>
 #include <string>
 
 #include "layers/LayerValue.h"
 
 namespace ardo {
 
-// The parsed value of the key (compared without regard to case); none when no file is
-// loaded, the key is missing, its value is empty or does not parse.
-std::optional<LayerValue> layerEntryOfKey(const std::string& key);
+// The parsed value of the key (compared without regard to case); null when no file is
+// loaded, the key is missing, its value is empty or does not parse. Valid until the next
+// lookup: the value is kept for the next call of the same key.
+const LayerValue* layerEntryOfKey(const std::string& key);
 
 // Visits the key lines of the "[LAYER]" section in file order with their parsed values,
 // lines that do not parse skipped, until the visitor returns false.

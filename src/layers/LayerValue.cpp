@@ -1,9 +1,10 @@
 #include "layers/LayerValue.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <climits>
-#include <vector>
+#include <string_view>
 
 #include "base/CaseFold.h"
 
@@ -13,16 +14,21 @@ namespace {
 
 constexpr size_t kMaxFields = 11;
 
+struct Fields {
+    std::array<std::string_view, kMaxFields> text;
+    size_t count = 0;
+};
+
 // Cuts at each comma of the value with one comma appended, at most eleven fields, stopping
-// when no comma follows or the next field would begin at or past the end.
-std::vector<std::string> cutFields(const std::string& value) {
-    const std::string text = value + ",";
-    std::vector<std::string> fields;
+// when no comma follows or the next field would begin at or past the end. Views into the
+// value: a lookup of a key parses its line on every call.
+Fields cutFields(std::string_view value) {
+    Fields fields;
+    const size_t size = value.size() + 1;  // with the appended comma
     size_t begin = 0;
-    while (fields.size() < kMaxFields && begin < text.size()) {
-        size_t comma = text.find(',', begin);
-        if (comma == std::string::npos) break;
-        fields.push_back(text.substr(begin, comma - begin));
+    while (fields.count < kMaxFields && begin < size) {
+        const size_t comma = std::min(value.find(',', begin), value.size());
+        fields.text[fields.count++] = value.substr(begin, comma - begin);
         begin = comma + 1;
     }
     return fields;
@@ -49,16 +55,13 @@ bool readDecimal(const std::string& text, std::int32_t& value) {
 
 bool parseLayerValue(const std::string& value, LayerValue& out) {
     out = LayerValue{};
-    const auto fields = cutFields(value);
-    const size_t n = fields.size();
-    auto field = [&](size_t i) -> const std::string& {
-        static const std::string empty;
-        return i < n ? fields[i] : empty;
-    };
+    const Fields fields = cutFields(value);
+    const size_t n = fields.count;
+    auto field = [&](size_t i) { return i < n ? fields.text[i] : std::string_view(); };
     out.name = field(0);
     out.colorText = field(1);
     readDecimal(out.colorText, out.color);
-    out.linetype = equalsNoCase(field(2), "Continuous") ? "Continuous" : field(2);
+    out.linetype = equalsNoCase(field(2), "Continuous") ? std::string_view("Continuous") : field(2);
     out.linetypeFile = field(3);
     out.statesText = field(4);
     readDecimal(out.statesText, out.states);

@@ -3,6 +3,7 @@
 #include <unordered_map>
 
 #include "base/CaseFold.h"
+#include "base/FileLookup.h"
 #include "module/HostBinding.h"
 #include "base/Printf.h"
 #include "base/TextFile.h"
@@ -28,9 +29,12 @@ bool parseObjectLine(const std::string& line, ObjectLayerLine& out) {
     const size_t eq = line.find('=');
     if (eq == std::string::npos || eq == 0) return false;
     std::string_view name = trimWhite(std::string_view(line).substr(0, eq));
-    const size_t comma = line.find(',', eq + 1);
+    // The line's first comma, wherever it stands: an object name with a comma in its first
+    // three characters ("A,B=K1,1") keeps the whole text after '=' as its key. A comma inside
+    // a longer object name has no key text before it, so it splits nothing either.
+    const size_t comma = line.find(',');
     std::string_view key;
-    if (comma != std::string::npos && comma >= 3) {
+    if (comma != std::string::npos && comma >= 3 && comma > eq) {
         key = std::string_view(line).substr(eq + 1, comma - eq - 1);
         std::int32_t flag = 0;
         out.active = readDecimal(line.substr(comma + 1), flag) && flag != 0;
@@ -75,7 +79,7 @@ void ObjectLayerFile::reset() {
 }
 
 bool ObjectLayerFile::read(const std::string& path) {
-    auto file = readTextPieces(path, kLinePiece);
+    auto file = readTextPieces(findOnDisk(path).value_or(path), kLinePiece);
     if (!file) return false;
     reset();
     bool inLayerSection = false;
@@ -161,7 +165,9 @@ bool ObjectLayerFile::write(const CentralLayerFile& list, const std::string& pat
                             const std::string& activeKey) {
     const LayerEntry* activeEntry = nullptr;
     const std::string text = fileText(list, currentObject, activeKey, activeEntry);
-    if (!writeTextFile(path, text, lineEndOfFile(path))) {
+    // The file that was read, however the caller spelled it, not a second one beside it.
+    const std::string onDisk = findOnDisk(path).value_or(path);
+    if (!writeTextFile(onDisk, text, lineEndOfFile(onDisk))) {
         reportCannotWrite(path);
         return false;
     }

@@ -46,7 +46,7 @@ int kemb_textliste() {
     ResBufChain list{ResBuf::marker(RTLB)};
     // The section ends at the next header or at the first entry without a key.
     const auto end = file.store()->sectionEnd(header);
-    for (auto entry = std::next(header); entry != end; ++entry) {
+    for (auto entry = std::next(header); entry != end && !entry->key.empty(); ++entry) {
         list.push_back(ResBuf::marker(RTLB));
         list.push_back(ResBuf::str(entry->key));
         list.push_back(ResBuf::str(expandLineFeeds(entry->value)));

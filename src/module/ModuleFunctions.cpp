@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "module/HostBinding.h"
+#include "base/FileLookup.h"
 #include "base/Printf.h"
 #include "module/SystemVariableOverride.h"
 #include "module/lisp/CallFrame.h"
@@ -31,15 +32,14 @@ bool isFile(const std::string& path) {
 }
 
 // As given, in the program folder, in the user's settings folder, then along the host's
-// support folders.
+// support folders. Names are matched as an installation from Windows spells them.
 std::optional<std::string> findModuleFile(const std::string& name) {
     if (name.empty()) return std::nullopt;
-    if (isFile(name)) return std::filesystem::absolute(name).string();
-    const std::string inProgram = joinPath(moduleFiles().programFolder, name);
-    if (isFile(inProgram)) return inProgram;
+    if (auto given = findOnDisk(name)) return std::filesystem::absolute(*given).string();
+    if (auto inProgram = findOnDisk(joinPath(moduleFiles().programFolder, name))) return inProgram;
     std::string userFolder;
-    if (getUserPath(userFolder, "", "", true) == RTNORM && isFile(joinPath(userFolder, name)))
-        return joinPath(userFolder, name);
+    if (getUserPath(userFolder, "", "", true) == RTNORM)
+        if (auto inUserFolder = findOnDisk(joinPath(userFolder, name))) return inUserFolder;
     std::string found;
     if (host().findFile(name, found)) return found;
     return std::nullopt;
@@ -165,7 +165,7 @@ int kemb_xloaded() {
     if (!frame.check({{ArgKind::String}})) return RSRSLT;
     const std::string file = withArxExtension(frame.text(0));
     if (host().arxLoaded(applicationName(file))) host().retInt(0);
-    else if (findModuleFile(file)) host().retInt(1);
+    else host().retInt(findModuleFile(file) ? 1 : -1);
     return RSRSLT;
 }
 

@@ -12,8 +12,9 @@
 //   the user's settings folder, or along the host's support folders; else nil.
 // - (kemb_delfile file) T when the file was deleted, else nil.
 // - (kemb_xloaded app) 0 when the ObjectARX application is loaded, 1 when its file is found
-//   and it is not loaded yet, nil when there is no such file. The command stubs define a
-//   loading command only for an application that answers 1.
+//   and it is not loaded yet, -1 when there is no such file. Always a number, so the command
+//   stubs' numeric comparison holds for a missing program too; they define a loading
+//   command only for an application that answers 1.
 // - (kemb_xload app) loads the application (".arx" added when the name has none), looked
 //   up as kemb_findfile does; T when it is loaded, nil otherwise.
 // - (kemb_xloadProg program) loads the application named like the program from the

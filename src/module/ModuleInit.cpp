@@ -1,6 +1,8 @@
 #include "module/ModuleInit.h"
 
 #include "module/HostBinding.h"
+#include "base/CaseFold.h"
+#include "base/CodePage.h"
 #include "base/Printf.h"
 #include "boundary/ResBuf.h"
 #include "module/paths/CurrentDirectoryGuard.h"
@@ -31,6 +33,21 @@ void showNoLayerFile(const std::string& path) {
     host().messageBox(text, catalogText(MsgKey::TiMsgBoxError), MbButtons::Ok, MbIcon::Error);
 }
 
+// [DATEIEN] Codepage= of the configuration: a Windows number or a name ("1252", "UTF-8");
+// Windows-1252 when missing. True when the code page changed.
+bool useConfiguredCodePage(SettingsStore& configuration, const std::string& cfgPath) {
+    std::string wanted = "1252";
+    const auto header = configuration.findSection("DATEIEN");
+    const auto line = configuration.findKey(header, "Codepage");
+    if (line != configuration.end() && !line->value.empty()) wanted = std::string(trimWhite(line->value));
+    const std::string before = fileCodePage();
+    if (!setFileCodePage(wanted)) {
+        host().print(format("\nCodepage '%s' in '%s' ist unbekannt; es gilt %s.", wanted, cfgPath, before));
+        return false;
+    }
+    return fileCodePage() != before;
+}
+
 }  // namespace
 
 int initialiseModule() {
@@ -41,11 +58,14 @@ int initialiseModule() {
     const std::string& module = files.modulePath;
     files.programFolder = withTrailingSeparator(module.substr(0, module.find_last_of(kPathSeparator)));
 
-    MessageCatalog::instance().load(withExtension(module, ".dlg"));
-
     int status = RTNORM;
     const std::string cfgPath = withExtension(module, ".cfg");
     files.configuration = SettingsStore::load(cfgPath);
+    // The code page is an installation's choice, so it applies before any other module file
+    // is read; the configuration itself is read again in it.
+    if (files.configuration && useConfiguredCodePage(*files.configuration, cfgPath))
+        files.configuration = SettingsStore::load(cfgPath);
+    MessageCatalog::instance().load(withExtension(module, ".dlg"));
     if (!files.configuration) {
         host().print(format("\nfile '%s' not found.", cfgPath));
         status = RTERROR;

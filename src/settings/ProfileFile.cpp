@@ -106,7 +106,7 @@ bool ProfileFile::write(const std::string& path) const {
             bytes += line.end;
         }
     }
-    return replaceFile(path, bytes);
+    return replaceFile(path, bytes).ok();
 }
 
 }  // namespace ardo

@@ -132,7 +132,8 @@ bool WritePrivateProfileStringW(const std::optional<std::string>& section,
         file.insert(count + 1, keyText + "=" + *value);
     } else if (line == count) {
         size_t at = header + 1;
-        for (size_t i = header + 1; i < file.sectionEnd(header); ++i)
+        const size_t end = file.sectionEnd(header);
+        for (size_t i = header + 1; i < end; ++i)
             if (file.lines()[i].kind == ProfileLine::Kind::Key) at = i + 1;
         file.insert(at, keyText + "=" + *value);
     } else {

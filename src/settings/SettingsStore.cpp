@@ -1,6 +1,7 @@
 #include "settings/SettingsStore.h"
 
 #include "base/CaseFold.h"
+#include "settings/CodePageWarning.h"
 #include "module/HostBinding.h"
 #include "base/Printf.h"
 
@@ -12,9 +13,12 @@ std::uint64_t SettingsStore::nextSerial() {
 }
 
 std::unique_ptr<SettingsStore> SettingsStore::load(const std::string& path) {
+    // Taken before reading: a change made while reading shows as a change at the next write.
+    const auto stamp = FileStamp::of(path);
     auto lines = readTextPieces(path, kLinePiece);
     if (!lines) return nullptr;
     auto store = std::make_unique<SettingsStore>();
+    store->stamp_ = stamp;
     store->lineEnd_ = lines->lineEnd;
     for (auto& piece : lines->pieces) store->appendLine(std::move(piece));
     return store;
@@ -132,9 +136,18 @@ std::string SettingsStore::text() const {
 }
 
 bool SettingsStore::write(const std::string& path) const {
-    if (writeTextFile(path, text(), lineEnd_)) return true;
-    host().alert(format("\nIch kann die Datei %s nicht schreiben", path));
+    const std::string content = text();
+    warnCharactersNotInCodePage(path, content);
+    if (writeTextFile(path, content, lineEnd_)) {
+        stamp_ = FileStamp::of(path);
+        return true;
+    }
+    reportCannotWrite(path);
     return false;
+}
+
+void SettingsStore::reportCannotWrite(const std::string& path) {
+    host().alert(format("\nIch kann die Datei %s nicht schreiben", path));
 }
 
 }  // namespace ardo

@@ -4,8 +4,10 @@
 #include <cstdint>
 #include <list>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "base/FileLock.h"
 #include "base/TextFile.h"
 
 namespace ardo {
@@ -60,6 +62,11 @@ public:
     // Writes every record back: key lines as key=value, each section header after an empty
     // line. On failure the alert "\nIch kann die Datei %s nicht schreiben" is shown.
     bool write(const std::string& path) const;
+    // The alert of a failed write.
+    static void reportCannotWrite(const std::string& path);
+    // True when the file at `path` is no longer what this store last read or wrote there:
+    // another session wrote it meanwhile.
+    bool changedOnDisk(const std::string& path) const { return FileStamp::of(path) != stamp_; }
     // The text write() puts in the file, before the code page and line ends are applied.
     std::string text() const;
 
@@ -72,6 +79,8 @@ private:
 
     Records records_;
     LineEnd lineEnd_ = kNewFileLineEnd;
+    // The file as last read or written here.
+    mutable std::optional<FileStamp> stamp_;
     std::uint64_t serial_ = nextSerial();
 };
 

@@ -57,5 +57,16 @@ TEST_F(CodePageTest, Utf8FilesPassThrough) {
     EXPECT_EQ(encodeFileText("Wände"), "Wände");
 }
 
+TEST_F(CodePageTest, NamesTheCharactersItCannotWriteOnce) {
+    ASSERT_TRUE(setFileCodePage("1252"));
+    EXPECT_EQ(charactersNotInFileCodePage("Tür € Ω Ω ≈"), "Ω≈");
+    EXPECT_EQ(charactersNotInFileCodePage("Grün"), "");
+    ASSERT_TRUE(setFileCodePage("ISO-8859-15"));
+    EXPECT_EQ(charactersNotInFileCodePage("€ ¤ Ω"), "¤Ω");
+    EXPECT_EQ(encodeFileText("aΩb"), "a?b") << "one '?' for one character";
+    ASSERT_TRUE(setFileCodePage("UTF-8"));
+    EXPECT_EQ(charactersNotInFileCodePage("Ω😀"), "");
+}
+
 }  // namespace
 }  // namespace ardo

@@ -95,8 +95,15 @@ TEST_F(ColorText, ColourCodesByTopByte) {
     ASSERT_TRUE(book);
     EXPECT_EQ(book->method, HostColor::Method::ColorBook);
     EXPECT_EQ(book->colorName, "RAL 1000");
-    // A book the host does not ship keeps the code's own RGB.
-    EXPECT_EQ(colorFromCode(0x04010203, "NOBOOK", "X"), HostColor::fromRgb(1, 2, 3));
+    // A book the host does not ship keeps the code's own RGB and its names as labels; without
+    // names it is the code's true colour.
+    const auto unknown = colorFromCode(0x04010203, "NOBOOK", "X");
+    ASSERT_TRUE(unknown);
+    EXPECT_EQ(unknown->method, HostColor::Method::ColorBook);
+    EXPECT_EQ(unknown->rgb(), 0x010203u);
+    EXPECT_EQ(unknown->bookName, "NOBOOK");
+    EXPECT_EQ(unknown->colorName, "X");
+    EXPECT_EQ(colorFromCode(0x04010203, "NOBOOK", ""), HostColor::fromRgb(1, 2, 3));
     EXPECT_FALSE(colorFromCode(0x03000001, "", ""));
     EXPECT_FALSE(colorFromCode(-1, "", ""));
     EXPECT_FALSE(colorFromCode(300, "", ""));

@@ -40,8 +40,9 @@ TEST_F(DrawingLayers, LinetypeIsLoadedFromItsFile) {
     LayerValue v = fields("Wand,3,dashed,x,6");
     v.linetypeFile = lin;
     ASSERT_EQ(createLayer("Wand", v), RTNORM);
+    // The layer names its linetype as the record is spelled, not as the entry typed it.
     const auto layer = drawing.findLayer("Wand");
-    EXPECT_EQ(layer->linetype, "dashed");
+    EXPECT_EQ(layer->linetype, "DASHED");
     EXPECT_TRUE(drawing.hasLinetype("DASHED"));
     EXPECT_TRUE(layer->isFrozen);
     EXPECT_TRUE(layer->isLocked);
@@ -76,6 +77,49 @@ TEST_F(DrawingLayers, PropertiesFromTheFields) {
     EXPECT_EQ(drawing.findLayer("X")->color, HostColor::fromIndex(7));
 }
 
+// A new layer's colour from every kind of code: by block, by layer and codes without a colour
+// leave the new record's own colour 7; top byte 0 takes only the low 16 bits as the index.
+TEST_F(DrawingLayers, ColourCodesOnCreation) {
+    const struct {
+        const char* line;
+        int index;
+    } cases[] = {{"C0,0,Continuous,,0", 7},        {"C256,256,Continuous,,0", 7}, {"Cneg,-1,Continuous,,0", 7},
+                 {"Cneg5,-5,Continuous,,0", 7},     {"C65541,65541,Continuous,,0", 5}, {"C300,300,Continuous,,0", 7},
+                 {"Ctext,rot,Continuous,,0", 7}};
+    for (const auto& c : cases) {
+        const std::string name = std::string(c.line).substr(0, std::string(c.line).find(','));
+        ASSERT_EQ(createLayer(name, fields(c.line)), RTNORM) << c.line;
+        const auto layer = drawing.findLayer(name);
+        ASSERT_TRUE(layer) << c.line;
+        EXPECT_EQ(layer->color, HostColor::fromIndex(c.index)) << c.line;
+    }
+    EXPECT_EQ(host.printed, "");
+}
+
+// A book the host does not ship: the layer keeps the names, and the drawing file the colour
+// book group beside the RGB.
+TEST_F(DrawingLayers, AnUnknownColourBookKeepsItsNamesOnTheLayer) {
+    ASSERT_EQ(createLayer("U", fields("U,67305985,Continuous,,0,MEINBUCH,Farbe 7")), RTNORM);
+    const auto layer = drawing.findLayer("U");
+    EXPECT_EQ(layer->color.method, HostColor::Method::ColorBook);
+    EXPECT_EQ(layer->color.rgb(), 0x030201u);
+    EXPECT_EQ(layer->color.bookName, "MEINBUCH");
+    EXPECT_EQ(layer->color.colorName, "Farbe 7");
+    EXPECT_NE(drawing.toDxf().find("430\nMEINBUCH$Farbe 7\n"), std::string::npos);
+}
+
+// Only a plottable text whose first character is '0' makes the layer not plottable.
+TEST_F(DrawingLayers, PlottableTextOnCreation) {
+    LayerValue v = fields("P,1,Continuous,,0");
+    for (const auto& [text, plottable] : std::vector<std::pair<std::string, bool>>{
+             {"0", false}, {"00", false}, {" 0", true}, {"x", true}, {"", true}, {"1", true}}) {
+        const std::string name = "P" + std::to_string(layerNames().size());
+        v.plottableText = text;
+        ASSERT_EQ(createLayer(name, v), RTNORM);
+        EXPECT_EQ(drawing.findLayer(name)->isPlottable, plottable) << "'" << text << "'";
+    }
+}
+
 TEST_F(DrawingLayers, RefusalsAndFailuresRestoreCmdecho) {
     host.setVar("CMDECHO", ResBuf::shortInt(1));
     EXPECT_EQ(createLayer("", fields(",1,Continuous,,0")), RTERROR);
@@ -90,6 +134,68 @@ TEST_F(DrawingLayers, RefusalsAndFailuresRestoreCmdecho) {
     EXPECT_EQ(createLayer("N", fields("N,1,Continuous,,0")), RTERROR);
     EXPECT_EQ(host.printed, "No drawing\nNo drawing\n");
     EXPECT_EQ(variable("CMDECHO"), 1);
+}
+
+// What the host refuses for a layer is reported as a failed layer operation, and nothing
+// reaches the drawing.
+TEST_F(DrawingLayers, ValuesTheHostRefusesAreReportedAndNotWritten) {
+    for (const char* line : {"A,1,Continuous,,0,,,7", "B,1,Continuous,,0,,,999", "C,1,Continuous,,0,,,-1",
+                             "D,1,Continuous,,0,,,-2", "E,1,ByLayer,,0", "F,1,BYBLOCK,,0"}) {
+        host.clearOutput();
+        const std::string name(1, line[0]);
+        EXPECT_EQ(createLayer(name, fields(line)), RTERROR) << line;
+        EXPECT_EQ(host.printed, "Layer operation es 3\n") << line;
+    }
+    for (const std::string& name : std::vector<std::string>{"a\nb", "a\rb", "tab\there", std::string("nul\0x", 5), "a,b"}) {
+        host.clearOutput();
+        EXPECT_EQ(createLayer(name, fields("X,1,Continuous,,0")), RTERROR) << name;
+        EXPECT_EQ(host.printed, "Layer operation es 3\n");
+    }
+    EXPECT_EQ(layerNames(), std::vector<std::string>{"0"});
+    // The standard weights and the default pass.
+    ASSERT_EQ(createLayer("G", fields("G,1,Continuous,,0,,,211")), RTNORM);
+    ASSERT_EQ(createLayer("H", fields("H,1,Continuous,,0,,,-3")), RTNORM);
+    EXPECT_EQ(drawing.findLayer("G")->lineweight, 211);
+}
+
+// One layer is meant when the module changes a layer's states: wildcard characters in its
+// name match only themselves.
+TEST_F(DrawingLayers, StatesReachTheNamedLayerWhateverCharactersItsNameHolds) {
+    for (const char* name : {"Plan#1", "Plan51", "A.B", "A-B", "@x", "ax", "[Q]", "Q", "~N", "M"}) addLayer(name);
+    for (const char* name : {"Plan#1", "A.B", "@x", "[Q]", "~N"}) {
+        host.clearOutput();
+        applyLayerStates(name, LayerFrozen | LayerLocked);
+        EXPECT_EQ(host.printed, "") << name;
+        EXPECT_TRUE(drawing.findLayer(name)->isFrozen) << name;
+        EXPECT_TRUE(drawing.findLayer(name)->isLocked) << name;
+    }
+    for (const char* untouched : {"Plan51", "A-B", "ax", "Q", "M"}) {
+        EXPECT_FALSE(drawing.findLayer(untouched)->isFrozen) << untouched;
+        EXPECT_FALSE(drawing.findLayer(untouched)->isLocked) << untouched;
+    }
+    // Made current by its plain name.
+    applyLayerStates("Plan#1", LayerCurrent);
+    EXPECT_EQ(drawing.getVar("CLAYER")->text, "Plan#1");
+}
+
+// The host keeps the current layer in the layer's own spelling, so the module's exact
+// comparison finds it whatever case a user typed.
+TEST_F(DrawingLayers, CurrentLayerIsKnownWhateverCaseItWasSetIn) {
+    addLayer("Eins");
+    ASSERT_EQ(host.setVar("CLAYER", S("eins")), RTNORM);
+    EXPECT_EQ(drawing.getVar("CLAYER")->text, "Eins");
+    EXPECT_EQ(layerStateBits(*drawing.findLayer("Eins")), LayerCurrent);
+    // Locking or freezing the current layer is not attempted.
+    host.clearOutput();
+    applyLayerStates("Eins", LayerFrozen | LayerLocked);
+    EXPECT_EQ(host.printed, "");
+    EXPECT_FALSE(drawing.findLayer("Eins")->isFrozen);
+    EXPECT_FALSE(drawing.findLayer("Eins")->isLocked);
+    // Values no variable may hold are refused.
+    EXPECT_NE(host.setVar("CLAYER", S("Ei\nns")), RTNORM);
+    EXPECT_NE(host.setVar("TEXTSTYLE", S("c\nd")), RTNORM);
+    EXPECT_EQ(host.setVar("TEXTSTYLE", S("cd")), RTNORM);
+    EXPECT_EQ(drawing.getVar("CLAYER")->text, "Eins");
 }
 
 TEST_F(DrawingLayers, NamedPlotStylesArePreparedAndAssigned) {

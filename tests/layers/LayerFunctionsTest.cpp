@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "layers/LayerFunctions.h"
+#include "layers/LayerFunctionsEntry.h"
 #include "LayerFunctionsTestFiles.h"
 
 namespace ardo::test {
@@ -15,7 +16,8 @@ const char* kCentralFile =
     "K2=Mauer,3,DASHED,acad.lin,6\n"
     "K3=Dach,3,DASHED\n"
     "K4=Wall,5,Continuous,,1,,,25,Stil,Feld 10,0\n"
-    "K5=\n";
+    "K5=\n"
+    "K6=,2,Continuous,,0\n";
 
 const ResBufChain kNil{ResBuf::marker(RTNIL)};
 
@@ -141,6 +143,19 @@ TEST_F(LayerFunctions, LayerFileIsThePathInUse) {
     moduleFiles().centralLayerFilePath.clear();
     host.call(handlers::Kemb_GetLayerFile, {S("CMD")});
     EXPECT_EQ(host.result, kNil);
+}
+
+// An entry whose layer name is empty: only a prefix or suffix gives the layer a name.
+TEST_F(LayerFunctions, DecoratedNameOfAnEntryWithoutALayerName) {
+    EXPECT_EQ(decoratedLayerName("", "ABC", ""), "ABC_");
+    EXPECT_EQ(decoratedLayerName("", "", "NEU"), "NEU");
+    EXPECT_EQ(decoratedLayerName("", "ABC", "NEU"), "ABC__NEU");
+    host.call(handlers::kemb_newlayer, {S("CMD"), S("K6")});
+    EXPECT_EQ(host.result, kNil);
+    host.call(handlers::kemb_newlayer, {S("CMD"), S("K6"), S(""), S("NEU")});
+    EXPECT_EQ(host.result, (ResBufChain{ResBuf::longInt(0)}));
+    EXPECT_EQ(layerNames(), (std::vector<std::string>{"0", "NEU"}));
+    EXPECT_EQ(drawing.findLayer("NEU")->color, HostColor::fromIndex(2));
 }
 
 }  // namespace ardo::test

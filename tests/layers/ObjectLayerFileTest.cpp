@@ -55,6 +55,22 @@ TEST_F(ObjectLayerFileTest, LinesAreTrimmedAndSplitIntoObjectKeyAndActive) {
     EXPECT_EQ(object.otherLines(), (std::vector<std::string>{"[Allgemein]", "Name=Wand", "", "; Kommentar"}));
 }
 
+// Object names with a comma: the line's first comma decides, not the first after '='.
+TEST_F(ObjectLayerFileTest, OnlyTheLinesFirstCommaAtIndexThreeOrLaterSplitsKeyAndFlag) {
+    const std::string path = tmp.write("Wand.ini", "[Layer]\nA,B=K1,1\nWand,alt=K2\nWand=K3,1\n");
+    ASSERT_TRUE(object.read(path));
+    const auto& l = object.lines();
+    ASSERT_EQ(l.size(), 3u);
+    EXPECT_EQ(l[0].objectName, "A,B");
+    EXPECT_EQ(l[0].key, "K1,1");
+    EXPECT_FALSE(l[0].active);
+    EXPECT_EQ(l[1].objectName, "Wand,alt");
+    EXPECT_EQ(l[1].key, "K2");
+    EXPECT_FALSE(l[1].active);
+    EXPECT_EQ(l[2].key, "K3");
+    EXPECT_TRUE(l[2].active);
+}
+
 TEST_F(ObjectLayerFileTest, MissingFileChangesNothing) {
     ASSERT_TRUE(object.read(tmp.write("a.ini", "[Layer]\nX=K1\n")));
     EXPECT_FALSE(object.read(tmp.file("fehlt.ini")));
@@ -132,6 +148,18 @@ TEST_F(ObjectLayerFileTest, WriteKeepsOtherLinesAndObjectsAndWritesCurrentFromEn
     ASSERT_TRUE(again.read(path));
     EXPECT_EQ(again.activeKeys().keyOf("mauer"), "K3");
     EXPECT_EQ(again.lines().size(), 3u);
+}
+
+// A file found under another spelling is written back in its own place.
+TEST_F(ObjectLayerFileTest, WriteGoesToTheFileThatWasFoundUnderAnotherSpelling) {
+    std::filesystem::create_directory(tmp.file("Objekte"));
+    const std::string real = tmp.write("Objekte/Wand.ini", "[Layer]\nMauer=K1\n");
+    const std::string asWindowsNamesIt = tmp.file("OBJEKTE\\WAND.INI");
+    ASSERT_TRUE(object.read(asWindowsNamesIt));
+    addEntry("K1", entryflag::kFromFile | entryflag::kInObjectFile | entryflag::kCurrentObject);
+    ASSERT_TRUE(object.write(list, asWindowsNamesIt, "Mauer", "K1"));
+    EXPECT_FALSE(std::filesystem::exists(asWindowsNamesIt)) << "no second file";
+    EXPECT_NE(test::readBytes(real).find("Mauer=K1"), std::string::npos);
 }
 
 TEST_F(ObjectLayerFileTest, WriteWithoutActiveEntryLeavesSettingsAlone) {

@@ -1,9 +1,12 @@
+#include "messages/CatalogDefaults.h"
 #include "messages/MessageCatalog.h"
 
 #include <map>
 #include <set>
 
 #include <gtest/gtest.h>
+
+#include <fstream>
 
 #include "support/TempFolder.h"
 #include "base/TextFile.h"
@@ -119,6 +122,39 @@ TEST(DialogTextFilePath, LiesBesideTheModuleWithItsBaseName) {
     EXPECT_EQ(withExtension("/opt/ardo/ardo.arx", ".msg"), "/opt/ardo/ardo.msg");
     EXPECT_EQ(withExtension("/opt/ardo.v2/ardo", ".cfg"), "/opt/ardo.v2/ardo.cfg");
     EXPECT_EQ(withExtension("ardo.tar.arx", ".bfl"), "ardo.tar.bfl");
+}
+
+// Every key and default text of the catalog against one table of all of them, in order.
+TEST(CatalogDefaults, EveryKeyAndTextMatchesTheTableInOrder) {
+    std::ifstream in(ARDO_TEST_DATA "/messages/catalog-defaults.tsv");
+    ASSERT_TRUE(in);
+    std::string line;
+    int rows = 0;
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] == '#') continue;
+        const size_t tab1 = line.find('\t'), tab2 = line.find('\t', tab1 + 1);
+        ASSERT_NE(tab2, std::string::npos) << line;
+        const int number = std::stoi(line.substr(0, tab1));
+        const std::string key = line.substr(tab1 + 1, tab2 - tab1 - 1);
+        const std::string text = line.substr(tab2 + 1);
+        ASSERT_EQ(number, rows + 1) << line;
+        ASSERT_LT(rows, kMessageKeyCount) << "more rows in the table than keys";
+        const CatalogRow& row = kCatalogRows[rows];
+        EXPECT_EQ(row.key, key) << "row " << number;
+        if (text.size() >= 2 && text.front() == '"' && text.back() == '"')
+            EXPECT_EQ(row.defaultText, text.substr(1, text.size() - 2)) << key;
+        else
+            EXPECT_STRNE(row.defaultText, "") << key;
+        EXPECT_EQ(MessageCatalog::defaultText(MsgKey(rows)), std::string(row.defaultText)) << key;
+        ++rows;
+    }
+    EXPECT_EQ(rows, kMessageKeyCount);
+    // The keys the code names stand where the table has them.
+    static_assert(int(MsgKey::TiMsgBoxInfo) == 0);
+    static_assert(int(MsgKey::RsVersionInfoUpdateButton) == kMessageKeyCount - 1);
+    EXPECT_STREQ(kCatalogRows[int(MsgKey::EtNoLayerFile1)].key, "EtNoLayerFile1");
+    EXPECT_STREQ(kCatalogRows[int(MsgKey::EtCantWriteObjectFile2)].key, "EtCantWriteObjectFile2");
+    EXPECT_STREQ(kCatalogRows[int(MsgKey::QuChangeLayerName3)].key, "QuChangeLayerName3");
 }
 
 }  // namespace

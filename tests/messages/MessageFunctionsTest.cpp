@@ -91,13 +91,20 @@ TEST_F(MessageFunctionsTest, TextListOfASectionWithoutEntriesIsNilWithoutAMessag
     EXPECT_TRUE(host.printed.empty());
 }
 
+// A key line whose key is only blanks (" = text") is an entry without a key: the list ends
+// before it, also when it stands first.
 TEST_F(MessageFunctionsTest, TextListStopsAtAnEntryWithoutKey) {
-    auto header = file.store()->findSection("Strassen");
-    SettingsRecord keyless;
-    keyless.value = "ohne Schlüssel";
-    file.store()->records().insert(std::next(header), keyless);
-    host.call(kemb_textliste, {str("ZVSTR"), str("Strassen")});
+    auto store = std::make_unique<SettingsStore>();
+    for (const char* line : {"[Mitte]", "Eins=1", " = ohne Schlüssel", "Zwei=2", "[Anfang]", "  =ohne", "Drei=3"})
+        store->appendLine(line);
+    ASSERT_FALSE(store->records().back().isSection());
+    file.attach(std::move(store));
+    host.call(kemb_textliste, {str("ZVSTR"), str("Mitte")});
+    const ResBuf lb = ResBuf::marker(RTLB), le = ResBuf::marker(RTLE);
+    EXPECT_EQ(host.result, (ResBufChain{lb, lb, str("Eins"), str("1"), le, le}));
+    host.call(kemb_textliste, {str("ZVSTR"), str("Anfang")});
     EXPECT_EQ(host.result, kNil);
+    EXPECT_TRUE(host.alerts.empty());
 }
 
 TEST_F(MessageFunctionsTest, TextListChecksCountThenTypes) {

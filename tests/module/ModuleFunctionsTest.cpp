@@ -74,7 +74,7 @@ TEST_F(ModuleFunctionsTest, XloadedTellsLoadedFoundOrMissingAndXloadLoads) {
     EXPECT_EQ(call(kemb_xloaded, {"strasse"}), zero);
     EXPECT_EQ(call(kemb_xloaded, {"kabel"}), one);
     EXPECT_EQ(call(kemb_xloaded, {"kabel.arx"}), one);
-    EXPECT_TRUE(isNil(call(kemb_xloaded, {"fehlt"})));
+    EXPECT_EQ(call(kemb_xloaded, {"fehlt"}), ResBufChain{ResBuf::longInt(-1)});
 
     EXPECT_TRUE(isT(call(kemb_xload, {"kabel"})));
     EXPECT_TRUE(host.loadedApplications.contains("KABEL"));

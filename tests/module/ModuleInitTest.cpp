@@ -2,6 +2,7 @@
 
 #include "module/ModuleFixture.h"
 #include "module/paths/Platform.h"
+#include "base/CodePage.h"
 
 namespace ardo {
 namespace {
@@ -65,6 +66,29 @@ TEST_F(ModuleInitTest, UsesTheCentralFileNamedInTheSettingsElseTheUsersArdoIni) 
     const auto& store = *moduleFiles().centralLayerFile;
     EXPECT_NE(store.findKey(store.findSection("LAYER"), "MAUER"), store.end());
     EXPECT_TRUE(host.boxes.empty());
+}
+
+// An installation may keep its module files in UTF-8; the configuration says so, and the
+// configuration itself is then read in it.
+TEST_F(ModuleInitTest, TheConfigurationChoosesTheCodePageOfTheModuleFiles) {
+    folder.write("prog/ardo.cfg", "[PRODUCTINFO]\nProductName=Gr\xC3\xBCn \xCE\xA9\n[DATEIEN]\nCodepage=UTF-8\n");
+    callRow(kLcInit);
+    EXPECT_EQ(fileCodePage(), "UTF-8");
+    callRow(48);
+    EXPECT_EQ(stringOf(host.result), "Grün Ω");
+
+    // Without the key, Windows-1252 again.
+    folder.write("prog/ardo.cfg", "[PRODUCTINFO]\nProductName=Gr\xFCn\n");
+    callRow(kLcInit);
+    EXPECT_EQ(fileCodePage(), "WINDOWS-1252");
+    callRow(48);
+    EXPECT_EQ(stringOf(host.result), "Grün");
+
+    host.clearOutput();
+    folder.write("prog/ardo.cfg", "[DATEIEN]\nCodepage=Klingonisch\n");
+    callRow(kLcInit);
+    EXPECT_EQ(fileCodePage(), "WINDOWS-1252");
+    EXPECT_NE(host.printed.find("Codepage 'Klingonisch'"), std::string::npos) << host.printed;
 }
 
 }  // namespace

@@ -161,6 +161,9 @@ TEST_F(ProfileStringTest, DeletingWhatIsNotThereTouchesNothing) {
 TEST_F(ProfileStringTest, RefusedWritesLeaveTheFileAlone) {
     EXPECT_FALSE(WritePrivateProfileStringW(std::nullopt, "k", "v", path));
     EXPECT_FALSE(WritePrivateProfileStringW("A", "k", "zwei\nZeilen", path));
+    EXPECT_FALSE(WritePrivateProfileStringW("A", "k", "zwei\rZeilen", path));
+    EXPECT_FALSE(WritePrivateProfileStringW("A", "k", std::string("mit\0Null", 8), path));
+    EXPECT_FALSE(WritePrivateProfileStringW("A", "k\n", "v", path));
     EXPECT_FALSE(WritePrivateProfileStringW("A]", "k", "v", path));
     EXPECT_FALSE(WritePrivateProfileStringW("A", "k=x", "v", path));
     EXPECT_FALSE(WritePrivateProfileStringW("A", " ", "v", path));

@@ -100,11 +100,13 @@ std::vector<std::string> CadLispHost::recordNames(const std::string& table) cons
 }
 
 bool CadLispHost::tblNext(const std::string& table, bool rewind, ResBufChain& record) {
-    std::size_t& cursor = tableCursor_[table];
-    if (rewind) cursor = 0;
-    const std::vector<std::string> names = recordNames(table);
-    while (cursor < names.size())
-        if (tblSearch(table, names[cursor++], record)) return true;
+    TableWalk& walk = tableWalks_[table];
+    if (rewind) walk = {};
+    // The names are taken once per walk, so a walk over many layers stays linear; records
+    // added meanwhile come after the others and are picked up when the walk gets there.
+    if (walk.cursor >= walk.names.size()) walk.names = recordNames(table);
+    while (walk.cursor < walk.names.size())
+        if (tblSearch(table, walk.names[walk.cursor++], record)) return true;
     return false;
 }
 

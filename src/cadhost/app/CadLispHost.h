@@ -4,6 +4,7 @@
 // path. LISP code works on the drawing it runs in, whichever document is current.
 #include <map>
 #include <string>
+#include <vector>
 
 #include "cadhost/lisp/LispHost.h"
 
@@ -39,9 +40,14 @@ public:
 private:
     std::vector<std::string> recordNames(const std::string& table) const;
 
+    struct TableWalk {
+        std::vector<std::string> names;
+        std::size_t cursor = 0;
+    };
+
     Application& app_;
     Document& document_;
-    std::map<std::string, std::size_t> tableCursor_;
+    std::map<std::string, TableWalk> tableWalks_;
 };
 
 // The application and the document of an interpreter of this host, for its built-ins.

@@ -52,6 +52,7 @@ ardo::Result<Drawing> Drawing::fromBytes(std::string bytes, const std::string& p
 }
 
 void Drawing::index() {
+    plotStyleDictionary_.reset();
     for (RecordId id = doc_.first(); id != kNoRecord; id = doc_.next(id)) {
         const auto tags = doc_.tags(id);
         if (tags[0].value != "SECTION") continue;
@@ -226,10 +227,7 @@ std::string Drawing::toDxf() {
 }
 
 ardo::Status Drawing::save(const std::string& path) {
-    errno = 0;
-    if (!ardo::replaceFile(path, toDxf()))
-        return ardo::Error{"Cannot save \"" + path + "\": " + (errno ? std::strerror(errno) : "the file is read-only") +
-               ". The file was left as it was; check the folder's access rights and free space."};
+    if (auto saved = ardo::replaceFile(path, toDxf()); !saved) return saved;
     setPath(path);
     return {};
 }

@@ -213,6 +213,10 @@ private:
         for (DrawingListener* listener : listeners_) announce(*listener);
     }
     std::vector<OwnedTag> layerTags(const ardo::LayerRecord& record) const;
+    // Refuses a lineweight or linetype a layer may not have (InvalidInput; KeyNotFound for a
+    // linetype the drawing lacks) and gives the linetype the spelling of its record. Values
+    // the layer had before are left as they are.
+    ardo::DbStatus acceptLayerValues(ardo::LayerRecord& record, const ardo::LayerRecord* before) const;
     RecordId ensureTextStyle(std::string_view name, std::string_view font, bool shapeFile);
 
     // Objects
@@ -220,6 +224,9 @@ private:
     std::optional<RecordId> dictionaryEntry(RecordId dictionary, std::string_view name) const;
     std::optional<std::string> dictionaryEntryName(RecordId dictionary, std::string_view handle) const;
     std::optional<RecordId> namedDictionary(std::string_view name) const;
+    // "ACAD_PLOTSTYLENAME", which every layer read consults: looked up once until the
+    // objects change.
+    std::optional<RecordId> plotStyleDictionary() const;
     RecordId addObject(std::vector<OwnedTag> tags);
     void addDictionaryEntry(RecordId dictionary, std::string_view name, std::string_view handle);
     std::optional<RecordId> recordByHandle(std::string_view handleText) const;
@@ -237,6 +244,7 @@ private:
     RecordId header_ = kNoRecord, entitiesEnd_ = kNoRecord, objectsEnd_ = kNoRecord;
     std::vector<DrawingListener*> listeners_;
     std::unordered_map<std::string, std::size_t> headerIndex_;   // "$NAME" -> index of its 9 tag
+    mutable std::optional<std::optional<RecordId>> plotStyleDictionary_;
     std::unordered_map<std::string, Table> tables_;
     std::unordered_map<std::string, RecordId> layerByName_;      // folded name
     std::unordered_map<Handle, RecordId> byHandle_;

@@ -1,7 +1,9 @@
 // The layer table and the symbol-table plumbing it shares with linetypes and styles.
 #include <algorithm>
 
+#include "base/Utf8.h"
 #include "cadhost/drawing/Drawing.h"
+#include "cadhost/drawing/StandardLineweights.h"
 #include "cadhost/dxf/TagEdit.h"
 #include "cadhost/dxf/TagValue.h"
 
@@ -13,8 +15,11 @@ using ardo::LayerRecord;
 
 namespace {
 
+// As the common hosts judge names: none of their reserved characters (the comma separates
+// names in lists), and no control character, which no drawing file could hold in a name.
 bool isValidSymbolName(const std::string& name) {
-    return !name.empty() && name.find_first_of("<>/\\\":;?*|=`") == std::string::npos;
+    return !name.empty() && name.find_first_of("<>/\\\":;?*|=`,") == std::string::npos &&
+           !ardo::hasControlCharacter(name);
 }
 
 // Group 62 of a layer: the colour index, negative while the layer is off.
@@ -106,7 +111,7 @@ LayerRecord Drawing::layerFromTags(std::span<const DxfTag> tags) const {
             case 370: r.lineweight = static_cast<int>(toInteger(t.value, -3)); break;
             case 290: r.isPlottable = toInteger(t.value, 1) != 0; break;
             case 390:
-                if (const auto dict = namedDictionary("ACAD_PLOTSTYLENAME"))
+                if (const auto dict = plotStyleDictionary())
                     if (auto name = dictionaryEntryName(*dict, t.value)) r.plotStyleName = *name;
                 break;
             default: break;
@@ -167,11 +172,27 @@ std::vector<OwnedTag> Drawing::layerTags(const LayerRecord& r) const {
     return tags;
 }
 
-DbStatus Drawing::addLayer(const LayerRecord& record) {
-    if (!isValidSymbolName(record.name)) return DbStatus::InvalidInput;
+DbStatus Drawing::acceptLayerValues(LayerRecord& record, const LayerRecord* before) const {
+    if (!before || before->lineweight != record.lineweight) {
+        const bool standard = std::find(kStandardLineweights.begin(), kStandardLineweights.end(),
+                                        record.lineweight) != kStandardLineweights.end();
+        if (!standard && record.lineweight != kLineweightDefault) return DbStatus::InvalidInput;
+    }
+    if (before && foldName(before->linetype) == foldName(record.linetype)) return DbStatus::Ok;
+    const std::string folded = foldName(record.linetype);
+    if (folded == "BYLAYER" || folded == "BYBLOCK") return DbStatus::InvalidInput;
+    const auto linetype = findTableRecord("LTYPE", record.linetype);
+    if (!linetype) return DbStatus::KeyNotFound;
+    record.linetype = text(tagValue(doc_.tags(*linetype), 2).value_or(""));
+    return DbStatus::Ok;
+}
+
+DbStatus Drawing::addLayer(const LayerRecord& given) {
+    if (!isValidSymbolName(given.name)) return DbStatus::InvalidInput;
     if (!table("LAYER")) return DbStatus::NotInDatabase;
-    if (findTableRecord("LAYER", record.name)) return DbStatus::DuplicateRecordName;
-    if (!findTableRecord("LTYPE", record.linetype)) return DbStatus::KeyNotFound;
+    if (findTableRecord("LAYER", given.name)) return DbStatus::DuplicateRecordName;
+    LayerRecord record = given;
+    if (const DbStatus accepted = acceptLayerValues(record, nullptr); accepted != DbStatus::Ok) return accepted;
     std::vector<OwnedTag> tags = layerTags(record);
     if (const Handle h = takeHandle()) tags.insert(tags.begin() + 1, OwnedTag{5, handleText(h)});
     const RecordId id = addTableRecord("LAYER", std::move(tags));
@@ -195,11 +216,12 @@ DbStatus Drawing::updateLayer(const LayerRecord& record) {
     return announceLayerEdit(record.name, [&] { return rewriteLayer(record); });
 }
 
-DbStatus Drawing::rewriteLayer(const LayerRecord& record) {
-    const auto id = findTableRecord("LAYER", record.name);
+DbStatus Drawing::rewriteLayer(const LayerRecord& given) {
+    const auto id = findTableRecord("LAYER", given.name);
     if (!id) return DbStatus::KeyNotFound;
-    if (!findTableRecord("LTYPE", record.linetype)) return DbStatus::KeyNotFound;
     const LayerRecord old = layerFromTags(doc_.tags(*id));
+    LayerRecord record = given;
+    if (const DbStatus accepted = acceptLayerValues(record, &old); accepted != DbStatus::Ok) return accepted;
     std::vector<OwnedTag> tags = doc_.copyTags(*id);
     if (layerFlags(old) != layerFlags(record)) {
         // Keep the bits this host does not own (xref dependence and the like).

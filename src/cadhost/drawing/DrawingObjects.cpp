@@ -1,6 +1,7 @@
 // The named-object dictionary, its sub-dictionaries and place-holders (plot style names).
 #include <algorithm>
 
+#include "base/CaseFold.h"
 #include "cadhost/drawing/Drawing.h"
 #include "cadhost/dxf/TagEdit.h"
 #include "cadhost/dxf/TagValue.h"
@@ -22,9 +23,15 @@ std::optional<RecordId> Drawing::rootDictionary() const {
 
 std::optional<RecordId> Drawing::dictionaryEntry(RecordId dictionary, std::string_view name) const {
     const auto tags = doc_.tags(dictionary);
-    const std::string key = foldName(name);
+    // Every layer read looks its plot style up here: plain ASCII entries are compared as
+    // they stand in the file, without decoding or folding a copy.
+    const auto sameName = [&](std::string_view fileValue) {
+        const bool plain = std::all_of(fileValue.begin(), fileValue.end(),
+                                       [](char c) { return static_cast<unsigned char>(c) < 0x80 && c != '\\'; });
+        return plain ? ardo::equalsNoCase(fileValue, name) : ardo::equalsNoCase(text(fileValue), name);
+    };
     for (std::size_t i = 0; i + 1 < tags.size(); ++i)
-        if (tags[i].code == 3 && isEntryHandle(tags[i + 1].code) && foldName(text(tags[i].value)) == key)
+        if (tags[i].code == 3 && isEntryHandle(tags[i + 1].code) && sameName(tags[i].value))
             return recordByHandle(tags[i + 1].value);
     return std::nullopt;
 }
@@ -46,7 +53,13 @@ std::optional<RecordId> Drawing::namedDictionary(std::string_view name) const {
     return id;
 }
 
+std::optional<RecordId> Drawing::plotStyleDictionary() const {
+    if (!plotStyleDictionary_) plotStyleDictionary_ = namedDictionary("ACAD_PLOTSTYLENAME");
+    return *plotStyleDictionary_;
+}
+
 RecordId Drawing::addObject(std::vector<OwnedTag> tags) {
+    plotStyleDictionary_.reset();
     const RecordId id = doc_.insertBefore(objectsEnd_, std::move(tags));
     objects_.push_back(id);
     indexHandle(id);
@@ -54,6 +67,7 @@ RecordId Drawing::addObject(std::vector<OwnedTag> tags) {
 }
 
 void Drawing::addDictionaryEntry(RecordId dictionary, std::string_view name, std::string_view handle) {
+    plotStyleDictionary_.reset();
     std::vector<OwnedTag> tags = doc_.copyTags(dictionary);
     // Entries belong to the AcDbDictionary subclass: after the last entry, or after the
     // subclass marker and its flags when the dictionary is empty.

@@ -2,6 +2,7 @@
 #include <chrono>
 #include <ctime>
 
+#include "base/Utf8.h"
 #include "cadhost/drawing/Drawing.h"
 #include "cadhost/dxf/GroupCode.h"
 #include "cadhost/dxf/TagValue.h"
@@ -114,7 +115,15 @@ DbStatus Drawing::storeVar(std::string_view name, const ResBuf& value) {
         *memory = static_cast<int>(value.integer);
         return DbStatus::Ok;
     }
-    if (key == "CLAYER" && (value.restype != ardo::RTSTR || !findLayer(value.text))) return DbStatus::InvalidInput;
+    // No value of a system variable holds a line break or another control character.
+    if (value.restype == ardo::RTSTR && ardo::hasControlCharacter(value.text)) return DbStatus::InvalidInput;
+    std::string text = value.text;
+    if (key == "CLAYER") {
+        const auto layer = value.restype == ardo::RTSTR ? findLayer(value.text) : std::nullopt;
+        if (!layer) return DbStatus::InvalidInput;
+        // The layer's own spelling, whatever case was typed, as the common hosts keep it.
+        text = layer->name;
+    }
     const auto tags = headerVar("$" + key);
     if (!tags || tags->size() < 2) return DbStatus::KeyNotFound;
     const int code = (*tags)[1].code;
@@ -128,7 +137,7 @@ DbStatus Drawing::storeVar(std::string_view name, const ResBuf& value) {
         values.push_back({code, doubleToText(isInteger(value) ? static_cast<double>(value.integer) : value.real)});
     } else if (valueKind(code) == ValueKind::String || valueKind(code) == ValueKind::Handle) {
         if (value.restype != ardo::RTSTR) return DbStatus::InvalidInput;
-        values.push_back({code, fileText(value.text)});
+        values.push_back({code, fileText(text)});
     } else {
         if (!isInteger(value)) return DbStatus::InvalidInput;
         values.push_back({code, std::to_string(value.integer)});

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "base/FileLookup.h"
 #include "cadhost/lisp/Binding.h"
 #include "cadhost/lisp/Builtins.h"
 #include "cadhost/lisp/Printer.h"
@@ -265,15 +266,16 @@ std::size_t Interpreter::runQueuedExpressions() {
 std::optional<std::filesystem::path> Interpreter::findFile(const std::string& name) const {
     namespace fs = std::filesystem;
     if (name.empty()) return std::nullopt;
-    const fs::path p(name);
-    std::error_code ec;
-    if (p.has_parent_path() || p.is_absolute()) {
-        if (fs::is_regular_file(p, ec)) return p;
+    // Names from Windows installations: any case, backslashes as separators.
+    const bool inFolder = name.find_first_of("/\\") != std::string::npos;
+    if (inFolder) {
+        if (auto found = ardo::findOnDisk(name)) return fs::path(*found);
         return std::nullopt;
     }
-    if (fs::is_regular_file(p, ec)) return fs::absolute(p, ec);
+    std::error_code ec;
+    if (auto found = ardo::findOnDisk(name)) return fs::absolute(*found, ec);
     for (const fs::path& folder : host_.supportPath())
-        if (fs::is_regular_file(folder / p, ec)) return folder / p;
+        if (auto found = ardo::findOnDisk((folder / name).string())) return fs::path(*found);
     return std::nullopt;
 }
 

@@ -121,6 +121,11 @@ TEST_F(HostServices, EntitiesAndTablesOfTheDrawingReachLisp) {
     EXPECT_EQ(run2("(list (cdr (assoc 2 (tblnext \"LAYER\" T))) (cdr (assoc 2 (tblnext \"LAYER\")))"
                    " (cdr (assoc 2 (tblnext \"LAYER\"))) (cdr (assoc 2 (tblnext \"LAYER\" T))))"),
               "(\"0\" \"Defpoints\" \"Wand\" \"0\")");
+    // A layer made during a walk comes at its end; the end stays the end.
+    EXPECT_EQ(run2("(progn (tblnext \"LAYER\" T) (command \"-LAYER\" \"N\" \"Neu\" \"\") "
+                   "(list (cdr (assoc 2 (tblnext \"LAYER\"))) (cdr (assoc 2 (tblnext \"LAYER\"))) "
+                   "(cdr (assoc 2 (tblnext \"LAYER\"))) (cdr (assoc 2 (tblnext \"LAYER\"))) (tblnext \"LAYER\")))"),
+              "(\"Defpoints\" \"Wand\" \"Decke\" \"Neu\" nil)");
     EXPECT_EQ(run2("(sslength (ssget \"X\" '((8 . \"Wand\"))))"), "1");
     ardo::ResBuf v;
     ASSERT_EQ(withLines.getVar("DWGTITLED", v), ardo::RTNORM);
