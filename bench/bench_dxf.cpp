@@ -12,6 +12,7 @@
 #include <sstream>
 #include <string>
 
+#include "GeneratedDrawing.h"
 #include "cadhost/drawing/Drawing.h"
 #include "../tests/support/Ezdxf.h"
 #include "../tests/support/TempFolder.h"
@@ -41,57 +42,6 @@ double peakRssMb() {
 
 void resetPeakRss() { std::ofstream("/proc/self/clear_refs") << "5"; }
 
-std::string handle(unsigned long h) {
-    char buf[20];
-    std::snprintf(buf, sizeof buf, "%lX", h);
-    return buf;
-}
-
-// One entity of four kinds in turn, owned by model space, on one of the layers.
-void appendEntity(std::string& out, unsigned long h, int i) {
-    const std::string layer = "Layer_" + std::to_string(i % 2000);
-    const double x = (i % 1000) * 1.5, y = (i / 1000) * 2.25;
-    char buf[512];
-    const std::string head = "  0\n%s\n  5\n" + handle(h) + "\n330\n17\n100\nAcDbEntity\n  8\n" + layer + "\n";
-    switch (i % 4) {
-        case 0:
-            std::snprintf(buf, sizeof buf, "%s100\nAcDbLine\n 10\n%.6f\n 20\n%.6f\n 30\n0.0\n 11\n%.6f\n 21\n%.6f\n 31\n0.0\n",
-                          std::string("  0\nLINE" + head.substr(6)).c_str(), x, y, x + 10.0, y + 5.0);
-            break;
-        case 1:
-            std::snprintf(buf, sizeof buf, "%s100\nAcDbCircle\n 10\n%.6f\n 20\n%.6f\n 30\n0.0\n 40\n%.6f\n",
-                          std::string("  0\nCIRCLE" + head.substr(6)).c_str(), x, y, 1.0 + i % 7);
-            break;
-        case 2:
-            std::snprintf(buf, sizeof buf, "%s100\nAcDbText\n 10\n%.6f\n 20\n%.6f\n 30\n0.0\n 40\n2.5\n  1\nText %d\n100\nAcDbText\n",
-                          std::string("  0\nTEXT" + head.substr(6)).c_str(), x, y, i);
-            break;
-        default:
-            std::snprintf(buf, sizeof buf, "%s100\nAcDbPolyline\n 90\n3\n 70\n0\n 10\n%.6f\n 20\n%.6f\n 10\n%.6f\n 20\n%.6f\n 10\n%.6f\n 20\n%.6f\n",
-                          std::string("  0\nLWPOLYLINE" + head.substr(6)).c_str(), x, y, x + 3, y, x + 3, y + 3);
-    }
-    out += buf;
-}
-
-std::string makeDrawing(int layers, int entities) {
-    cadhost::Drawing d;
-    for (int i = 0; i < layers; ++i) {
-        ardo::LayerRecord r;
-        r.name = "Layer_" + std::to_string(i);
-        r.color = ardo::HostColor::fromIndex(1 + i % 255);
-        d.addLayer(r);
-    }
-    unsigned long next = std::stoul(d.getVar("HANDSEED")->text, nullptr, 16);
-    std::string body;
-    body.reserve(static_cast<std::size_t>(entities) * 170);
-    for (int i = 0; i < entities; ++i) appendEntity(body, next++, i);
-    d.setVar("HANDSEED", ardo::ResBuf::str(handle(next)));
-    std::string dxf = d.toDxf();
-    const auto at = dxf.find("  0\nENDSEC", dxf.find("ENTITIES"));
-    dxf.insert(at, body);
-    return dxf;
-}
-
 // ezdxf times itself; prints "read <s> save <s> cpu <s> <s>" or nothing when it cannot run.
 std::string runEzdxf(const fs::path& in, const fs::path& out) {
     const std::string script =
@@ -119,7 +69,7 @@ struct Run {
 std::optional<Run> measure(const ardo::test::TempFolder& dir, int entities) {
     const fs::path file = dir / "large.dxf", saved = dir / "saved.dxf";
     {
-        std::ofstream(file, std::ios::binary) << makeDrawing(2000, entities);
+        std::ofstream(file, std::ios::binary) << bench::makeDrawing(2000, entities);
     }
     Run run;
     run.mb = static_cast<double>(fs::file_size(file)) / 1e6;
@@ -182,7 +132,7 @@ int main() {
     // ezdxf reads and saves the smaller drawing side by side.
     const fs::path file = dir / "ezdxf-in.dxf", ezdxfSaved = dir / "ezdxf.dxf";
     {
-        std::ofstream(file, std::ios::binary) << makeDrawing(2000, 200000);
+        std::ofstream(file, std::ios::binary) << bench::makeDrawing(2000, 200000);
     }
     const std::string ez = runEzdxf(file, ezdxfSaved);
     double ezRead = 0, ezSave = 0, ezReadCpu = 0, ezSaveCpu = 0;

@@ -39,6 +39,8 @@ public:
 
     std::optional<LayerRecord> findLayer(const std::string&) const override { return std::nullopt; }
     DbStatus addLayer(const LayerRecord&) override { return DbStatus::InvalidInput; }
+    DbStatus updateLayer(const LayerRecord&) override { return DbStatus::InvalidInput; }
+    DbStatus mergeLayer(const std::string&, const std::string&) override { return DbStatus::InvalidInput; }
     DbStatus setLayerPlotStyleName(const std::string&, const std::string&) override { return DbStatus::InvalidInput; }
     bool hasLinetype(const std::string&) const override { return false; }
     DbStatus loadLinetype(const std::string&, const std::string&) override { return DbStatus::InvalidInput; }

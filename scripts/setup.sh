@@ -7,7 +7,7 @@ packages=(
   build-essential cmake ninja-build g++ clang-14 libclang-rt-14-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   libreadline-dev qt6-base-dev libchm-dev
-  python3 python3-ezdxf librecad xvfb xauth
+  python3 python3-ezdxf librecad xvfb xauth chromium
   dpkg-dev lintian man-db
 )
 

@@ -44,6 +44,13 @@ public:
     virtual std::optional<LayerRecord> findLayer(const std::string& name) const = 0;
     // Adds a new record; a name that exists is refused with DuplicateRecordName.
     virtual DbStatus addLayer(const LayerRecord& record) = 0;
+    // Changes the existing layer record.name to the given properties; KeyNotFound when there
+    // is no such layer or the drawing lacks the linetype.
+    virtual DbStatus updateLayer(const LayerRecord& record) = 0;
+    // Moves everything on layer `from` (entities in every space and block, viewport freezes,
+    // the current layer) to the existing layer `into` and removes `from`. KeyNotFound when
+    // either is missing, InvalidInput for layer "0" or a layer merged into itself.
+    virtual DbStatus mergeLayer(const std::string& from, const std::string& into) = 0;
     virtual DbStatus setLayerPlotStyleName(const std::string& layer, const std::string& plotStyle) = 0;
 
     // Linetype table.

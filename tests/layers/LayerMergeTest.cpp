@@ -33,6 +33,8 @@ public:
     }
     std::optional<LayerRecord> findLayer(const std::string& name) const override { return drawing_.findLayer(name); }
     DbStatus addLayer(const LayerRecord&) override { return DbStatus::NotInDatabase; }
+    DbStatus updateLayer(const LayerRecord&) override { return DbStatus::NotInDatabase; }
+    DbStatus mergeLayer(const std::string&, const std::string&) override { return DbStatus::NotInDatabase; }
     DbStatus setLayerPlotStyleName(const std::string&, const std::string&) override { return DbStatus::NotInDatabase; }
     bool hasLinetype(const std::string& name) const override { return drawing_.hasLinetype(name); }
     DbStatus loadLinetype(const std::string&, const std::string&) override { return DbStatus::NotInDatabase; }

@@ -28,6 +28,8 @@ LoadedModule::LoadedModule(void* handle, EntryPoint entry, std::string path)
     : handle_(handle), entry_(entry), path_(std::move(path)),
       appName_(std::filesystem::path(path_).filename().string()) {}
 
+void* LoadedModule::symbol(const char* name) const { return dlsym(handle_, name); }
+
 LoadedModule::~LoadedModule() { dlclose(handle_); }
 
 std::string LoadedModule::version() const {

@@ -23,6 +23,8 @@ public:
     int send(AppMsg message, void* appId) const { return entry_(message, appId); }
     // The version the module exports as ardoModuleVersion(), or empty when it exports none.
     std::string version() const;
+    // An exported symbol of the module, or null.
+    void* symbol(const char* name) const;
 
 private:
     LoadedModule(void* handle, EntryPoint entry, std::string path);

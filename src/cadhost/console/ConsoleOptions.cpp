@@ -1,5 +1,7 @@
 #include "cadhost/console/ConsoleOptions.h"
 
+#include <utility>
+
 #include "cadhost/app/MessageBoxes.h"
 
 namespace cadhost::console {
@@ -18,6 +20,14 @@ constexpr OptionRow kOptions[] = {
     {"--no-module", "", false, "load no module"},
     {"--recover", "", false, "open a damaged drawing as far as it can be read and list the repairs"},
     {"--version", "", false, "print the program, module and DXF versions and exit"},
+    {"--audit-layers", "", false,
+     "audit the drawings and folders given against the central layer file (exit status 1: deviations)"},
+    {"--central", "FILE", false, "with --audit-layers: the central layer file instead of the configured one"},
+    {"--apply", "", false, "with --audit-layers: bring the named layers in line and save the drawings"},
+    {"--rename", "MAPFILE", false, "with --audit-layers: move layers by a file of old name patterns and keys"},
+    {"--dry-run", "", false, "with --apply or --rename: tell what would change and save nothing"},
+    {"--report", "FILE", true, "with --audit-layers: write an .html or a .csv report"},
+    {"--jobs", "N", false, "with --audit-layers: drawings audited at once (default: the number of cores)"},
     {"-h, --help", "", false, "print this help and exit"},
 };
 
@@ -80,6 +90,14 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
             o.help = true;
         } else if (a == "--version") {
             o.version = true;
+        } else if (a == "--audit-layers") {
+            o.auditLayers = true;
+        } else if (a == "--apply" || a == "--dry-run") {
+            (a == "--apply" ? o.audit.apply : o.audit.dryRun) = true;
+        } else if (a == "--central" || a == "--rename" || a == "--report" || a == "--jobs") {
+            const std::string* v = value();
+            if (!v) return "option " + a + " needs a value";
+            audit::setLayerAuditValue(o.audit, a, *v);
         } else if (a == "--no-module") {
             o.noModule = true;
         } else if (a == "--recover") {
@@ -102,6 +120,10 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
             o.drawings.push_back(a);
         }
     }
+    // With --audit-layers the operands are the drawings and folders to audit.
+    if (o.auditLayers) o.audit.inputs = std::exchange(o.drawings, {});
+    if (o.auditLayers && (o.noModule || !o.steps.empty() || o.output))
+        return "--audit-layers works with the module and without -e, -s and -o";
     if (o.noModule && o.module) return "--no-module and --module exclude each other";
     return o;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "boundary/Host.h"
+#include "cadhost/audit/LayerAuditOptions.h"
 
 namespace cadhost::console {
 
@@ -28,6 +29,10 @@ struct ConsoleOptions {
     bool help = false;
     bool version = false;
     bool recover = false;   // open a damaged drawing, listing the repairs
+    // --audit-layers: the drawings and folders given are audited (checkLayerAudit says
+    // whether the run can be made).
+    bool auditLayers = false;
+    audit::LayerAuditOptions audit;
 };
 
 // One row of the option table: its spellings ("-h, --help"), the name of its value (empty

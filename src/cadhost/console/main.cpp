@@ -5,6 +5,7 @@
 #include <iostream>
 #include <new>
 
+#include "cadhost/audit/LayerAuditRun.h"
 #include "cadhost/console/Console.h"
 #include "cadhost/console/VersionText.h"
 
@@ -27,7 +28,7 @@ int main(int argc, char** argv) {
         std::cerr << "ardo-cad: " << *error << '\n' << usageText();
         return 2;
     }
-    const ConsoleOptions& options = std::get<ConsoleOptions>(parsed);
+    ConsoleOptions options = std::get<ConsoleOptions>(parsed);
     if (options.help) {
         std::cout << usageText();
         return 0;
@@ -37,7 +38,19 @@ int main(int argc, char** argv) {
         std::cout << versionText(modulePath(options, folder));
         return 0;
     }
+    if (const auto error = cadhost::audit::checkLayerAudit(options.auditLayers, options.audit)) {
+        std::cerr << "ardo-cad: " << *error << '\n' << usageText();
+        return 2;
+    }
     try {
+        if (options.auditLayers) {
+            const auto module = modulePath(options, folder);
+            if (!module) {
+                std::cerr << "ardo-cad: --audit-layers needs the module; put ardo.arx beside ardo-cad or name it with --module\n";
+                return 2;
+            }
+            return cadhost::audit::runLayerAudit(options.audit, *module, folder);
+        }
         return runConsole(options, folder);
     } catch (const std::bad_alloc&) {
         // Nothing was saved; say so instead of aborting.

@@ -92,6 +92,10 @@ public:
     ardo::DbStatus forEachLayer(const std::function<bool(const ardo::LayerRecord&)>& visit) const override;
     std::optional<ardo::LayerRecord> findLayer(const std::string& name) const override;
     ardo::DbStatus addLayer(const ardo::LayerRecord& record) override;
+    // Tags the record does not own (extended data, reactors, other applications' groups)
+    // are kept.
+    ardo::DbStatus updateLayer(const ardo::LayerRecord& record) override;
+    ardo::DbStatus mergeLayer(const std::string& from, const std::string& into) override;
     // The plot style must be a place-holder of "ACAD_PLOTSTYLENAME" (KeyNotFound otherwise).
     ardo::DbStatus setLayerPlotStyleName(const std::string& layer, const std::string& plotStyle) override;
     bool hasLinetype(const std::string& name) const override;
@@ -107,9 +111,6 @@ public:
     bool hasDictionaryEntry(const std::string& dictionary, const std::string& entry) const override;
 
     // --- more layer work for the host's commands --------------------------------------
-    // Changes an existing layer (found by record.name) to the given properties; tags it
-    // does not own (extended data, reactors, other applications' groups) are kept.
-    ardo::DbStatus updateLayer(const ardo::LayerRecord& record);
     // Layer "0", "Defpoints", the current layer and layers that entities are on stay
     // (InvalidInput), as PURGE leaves them.
     ardo::DbStatus eraseLayer(const std::string& name);

@@ -2,6 +2,7 @@
 #include <dlfcn.h>
 
 #include "module/ModuleEntry.h"
+#include "standard/LayerStandardRun.h"
 #include "settings/ModuleFiles.h"
 
 namespace {
@@ -23,6 +24,11 @@ extern "C" __attribute__((visibility("default"))) int acrxEntryPoint(int message
 
 // The host's API version this module was built against.
 extern "C" __attribute__((visibility("default"))) int acrxGetApiVersion() { return 18; }
+
+// The layer-standard run of ardo-cad --audit-layers.
+extern "C" __attribute__((visibility("default"))) int ardoLayerStandard(ArdoStandardCall* call) {
+    return call ? ardo::runLayerStandard(*call) : 2;
+}
 
 // The version the module was built as, for the host's --version.
 extern "C" __attribute__((visibility("default"))) const char* ardoModuleVersion() { return ARDO_VERSION; }
