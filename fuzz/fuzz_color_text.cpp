@@ -6,8 +6,11 @@
 #include <string>
 
 #include "layers/ColorText.h"
+#include "support/ScriptedHost.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    // Colour names are looked up in the host's real colour services, as in ardo-cad.
+    static ardo::test::ScriptedHost host;
     const std::string text(reinterpret_cast<const char*>(data), size);
     ardo::HostColor color;
     if (ardo::parseColorText(color, text) != 1) return 0;
