@@ -1,7 +1,6 @@
 // Opening, indexing and saving a drawing.
 #include "cadhost/drawing/Drawing.h"
 
-#include <cerrno>
 #include <cstring>
 #include <filesystem>
 

@@ -8,9 +8,7 @@ namespace cadhost {
 inline constexpr std::array<int, 24> kStandardLineweights{
     0, 5, 9, 13, 15, 18, 20, 25, 30, 35, 40, 50, 53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
 
-// By layer, by block and the default lineweight.
-inline constexpr int kLineweightByLayer = -1;
-inline constexpr int kLineweightByBlock = -2;
+// The default lineweight.
 inline constexpr int kLineweightDefault = -3;
 
 }  // namespace cadhost
