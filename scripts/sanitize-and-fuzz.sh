@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The test suite under AddressSanitizer and UndefinedBehaviorSanitizer, then every fuzz
-# target (built with both sanitizers) for FUZZ_SECONDS each on its seed corpus. The DXF
+# target from the same build for FUZZ_SECONDS each on its seed corpus. The DXF
 # targets also start from the shared DXF corpus beside the work tree when it is there.
 #   FUZZ_SECONDS=600 scripts/sanitize-and-fuzz.sh     a long run by hand
 #   FUZZ_ONLY=1                                       skip the sanitized test suite
@@ -11,17 +11,16 @@ bash scripts/setup.sh
 seconds=${FUZZ_SECONDS:-10}
 jobs=${JOBS:-$(nproc)}
 
+cmake --preset sanitize >/dev/null
 if [ -z "${FUZZ_ONLY:-}" ]; then
-  cmake --preset sanitize >/dev/null
   cmake --build --preset sanitize -j "$jobs"
   ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 ctest --preset sanitize -j "$jobs"
+else
+  cmake --build --preset sanitize -j "$jobs" --target fuzzers
 fi
-
-cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz -j "$jobs" --target fuzzers
 shared_dxf=../shared/dxf-corpus
 summary=()
-for target in build/fuzz/fuzz/fuzz_*; do
+for target in build/sanitize/fuzz/fuzz_*; do
   [ -f "$target" ] && [ -x "$target" ] || continue
   name=$(basename "$target")
   corpus=$(mktemp -d)
@@ -38,7 +37,9 @@ for target in build/fuzz/fuzz/fuzz_*; do
   TMPDIR=/dev/shm "$target" -max_total_time="$seconds" -max_len=65536 -timeout=20 "$corpus" >"$log" 2>&1 || status=$?
   tail -n 3 "$log"
   runs=$(grep -o 'Done [0-9]* runs' "$log" | grep -o '[0-9]*' || echo "?")
-  summary+=("$name: $runs executions in ${seconds}s$([ "$status" -ne 0 ] && echo ", FAILED (exit $status)")")
+  verdict=""
+  [ "$status" -eq 0 ] || verdict=", FAILED (exit $status)"
+  summary+=("$name: $runs executions in ${seconds}s$verdict")
   rm -rf "$corpus" "$log"
   [ "$status" -eq 0 ] || { printf '%s\n' "${summary[@]}"; exit "$status"; }
 done
