@@ -9,6 +9,9 @@
 #include "boundary/HostDrawing.h"
 #include "boundary/ResBuf.h"
 
+// The host's windows are Qt widgets; the boundary names the type without needing Qt.
+class QWidget;
+
 namespace ardo {
 
 // Message box buttons, icons and answers with the values Windows gives them.
@@ -80,6 +83,22 @@ public:
     // Greys or enables an entry of a loaded menu group; false when the host has no such
     // group or entry.
     virtual bool greyMenuItem(const std::string& menuGroup, const std::string& item, bool grey) = 0;
+
+    // The host's main window, the parent of the module's dialogs and panes; null when the
+    // host runs without one (the console).
+    virtual QWidget* mainWindow() = 0;
+    // Redraws one entity (an RTENAME id): 1 show, 2 hide, 3 highlight, 4 unhighlight.
+    // RTERROR for a mode outside 1 to 4 or an entity the drawing does not have.
+    virtual int redraw(std::int64_t entity, int mode) = 0;
+    // Brings the screen up to date after redraws.
+    virtual void updateDisplay() = 0;
+    // The host's colour dialog, starting at `color`; `allowMetaColors` offers BYLAYER and
+    // BYBLOCK. RTNORM with the chosen colour, RTCAN when the user cancelled.
+    virtual int colorDialog(HostColor& color, bool allowMetaColors) = 0;
+    // Lets the user pick one entity after the prompt: RTNORM with its id and the pick
+    // point, RTCAN when cancelled, RTERROR when nothing was picked or there is nothing to
+    // pick in.
+    virtual int entSel(const std::string& prompt, std::int64_t& entity, Point3& point) = 0;
 };
 
 }  // namespace ardo

@@ -48,6 +48,12 @@ public:
     bool findFile(const std::string&, std::string&) const override { return false; }
     bool greyMenuItem(const std::string&, const std::string&, bool) override { return false; }
 
+    QWidget* mainWindow() override { return nullptr; }
+    int redraw(std::int64_t, int) override { return RTNORM; }
+    void updateDisplay() override {}
+    int colorDialog(HostColor&, bool) override { return RTCAN; }
+    int entSel(const std::string&, std::int64_t&, Point3&) override { return RTCAN; }
+
 private:
     ResBufChain args_;
 };

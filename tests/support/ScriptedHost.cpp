@@ -1,6 +1,7 @@
 #include "support/ScriptedHost.h"
 
 #include <filesystem>
+#include <tuple>
 
 #include "cadhost/drawing/Drawing.h"
 #include "base/CaseFold.h"
@@ -136,6 +137,27 @@ bool ScriptedHost::greyMenuItem(const std::string& menuGroup, const std::string&
     if (it == menuItems.end()) return false;
     it->second = grey;
     return true;
+}
+
+int ScriptedHost::redraw(std::int64_t entity, int mode) {
+    if (mode < 1 || mode > 4) return RTERROR;
+    redraws.emplace_back(entity, mode);
+    return RTNORM;
+}
+
+int ScriptedHost::colorDialog(HostColor& color, bool) {
+    if (chosenColors.empty()) return RTCAN;
+    color = chosenColors.front();
+    chosenColors.pop_front();
+    return RTNORM;
+}
+
+int ScriptedHost::entSel(const std::string& prompt, std::int64_t& entity, Point3& point) {
+    printed += prompt;
+    if (picks.empty()) return RTCAN;
+    std::tie(entity, point) = picks.front();
+    picks.pop_front();
+    return RTNORM;
 }
 
 }  // namespace ardo::test

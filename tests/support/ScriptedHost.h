@@ -4,6 +4,7 @@
 // drawing the test hands it; with useDrawing() commands run through the CAD host's command
 // processor on that drawing and system variables are the drawing's.
 #include <deque>
+#include <utility>
 #include <functional>
 #include <map>
 #include <set>
@@ -104,6 +105,19 @@ public:
     bool arxLoaded(const std::string& application) const override;
     bool findFile(const std::string& name, std::string& result) const override;
     bool greyMenuItem(const std::string& menuGroup, const std::string& item, bool grey) override;
+
+    QWidget* mainWindow() override { return nullptr; }
+    int redraw(std::int64_t entity, int mode) override;
+    void updateDisplay() override { ++displayUpdates; }
+    int colorDialog(HostColor& color, bool allowMetaColors) override;
+    int entSel(const std::string& prompt, std::int64_t& entity, Point3& point) override;
+
+    // Redraws asked for (entity, mode), display updates, and the answers of the colour
+    // dialog and of entity picks, in order: cancelled when none is left.
+    std::vector<std::pair<std::int64_t, int>> redraws;
+    int displayUpdates = 0;
+    std::deque<HostColor> chosenColors;
+    std::deque<std::pair<std::int64_t, Point3>> picks;
 
     // Applications loaded with arxLoad (file names without folder and extension, upper
     // case), files findFile knows (name -> path), and greyed menu entries ("GROUP|item").

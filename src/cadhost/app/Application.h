@@ -136,6 +136,15 @@ public:
     // The console has no menu bar: menu groups load (MENULOAD) but have no entries to grey.
     bool greyMenuItem(const std::string&, const std::string&, bool) override { return false; }
 
+    QWidget* mainWindow() override {
+        auto* window = ui_.mainWindow();
+        return window ? window->widget() : nullptr;
+    }
+    int redraw(std::int64_t entity, int mode) override;
+    void updateDisplay() override { ui_.updateDisplay(); }
+    int colorDialog(ardo::HostColor& color, bool allowMetaColors) override;
+    int entSel(const std::string& prompt, std::int64_t& entity, ardo::Point3& point) override;
+
 private:
     // The call in progress: whose function, its code, its arguments and its result.
     struct Frame {

@@ -35,6 +35,14 @@ public:
     // The console draws nothing.
     void redraw() override {}
     MainWindow* mainWindow() override { return nullptr; }
+    void redrawEntity(std::int64_t, int) override {}
+    void updateDisplay() override {}
+    // No dialogs and no view: colours are asked on the command line, and there is nothing
+    // to pick entities in.
+    std::optional<int> chooseColor(ardo::HostColor&, bool) override { return std::nullopt; }
+    std::optional<int> pickEntity(const std::string&, std::int64_t&, ardo::Point3&) override {
+        return std::nullopt;
+    }
 
 private:
     Print output_;

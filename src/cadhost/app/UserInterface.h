@@ -3,6 +3,7 @@
 // of input, message boxes, repainting the views, and the main window that dialogs and panes
 // belong to. The console implements it on a terminal or a script; a window implements it
 // with widgets.
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,7 @@ namespace cadhost {
 class MainWindow {
 public:
     virtual ~MainWindow() = default;
+    virtual QWidget* widget() = 0;
 
 protected:
     MainWindow() = default;
@@ -36,6 +38,19 @@ public:
     // Repaints the views after the drawing changed on screen (REGENALL, redraw).
     virtual void redraw() = 0;
     virtual MainWindow* mainWindow() = 0;
+
+    // Shows one entity of the current drawing in a redraw mode (1 show, 2 hide,
+    // 3 highlight, 4 unhighlight) until the next redraw; the application has checked both.
+    virtual void redrawEntity(std::int64_t entity, int mode) = 0;
+    // Paints what redrawEntity changed.
+    virtual void updateDisplay() = 0;
+    // The colour dialog: RTNORM with the chosen colour or RTCAN; nothing when this user
+    // interface has no dialog (the application then asks on the command line).
+    virtual std::optional<int> chooseColor(ardo::HostColor& color, bool allowMetaColors) = 0;
+    // Picks one entity in a view: RTNORM with its id and the pick point, RTCAN, or RTERROR
+    // when nothing was hit; nothing when there is no view to pick in.
+    virtual std::optional<int> pickEntity(const std::string& prompt, std::int64_t& entity,
+                                          ardo::Point3& point) = 0;
 };
 
 }  // namespace cadhost

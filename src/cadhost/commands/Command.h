@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,16 @@ struct Context {
 
 enum class Step { More, Done, Refused };
 
+// What the next input may be besides typed text, so that a window can offer picks in the
+// view: a point (with a rubber band from `from` when given, a rectangle for a corner), or
+// objects (a pick, a window or a crossing, handed over as entity names or a selection).
+struct InputRequest {
+    enum class Kind { Text, Point, Objects };
+    Kind kind = Kind::Text;
+    std::optional<ardo::Point3> from;
+    bool rectangle = false;
+};
+
 class Command {
 public:
     virtual ~Command() = default;
@@ -50,6 +61,7 @@ public:
     virtual Step start() { return Step::More; }
     // The prompt for the next input.
     virtual std::string prompt() const = 0;
+    virtual InputRequest request() const { return {}; }
     virtual Step take(const ardo::ResBuf& input) = 0;
 };
 

@@ -94,6 +94,10 @@ const std::vector<std::int64_t>& CommandProcessor::previousSelection() const {
 
 std::string CommandProcessor::prompt() const { return impl_->active ? impl_->active->prompt() : std::string(); }
 
+commands::InputRequest CommandProcessor::request() const {
+    return impl_->active ? impl_->active->request() : commands::InputRequest{};
+}
+
 std::vector<std::string> CommandProcessor::menuGroups() const {
     std::vector<std::string> names;
     for (const auto& group : impl_->context.menuGroups) names.push_back(group.name);

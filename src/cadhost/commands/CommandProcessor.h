@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "boundary/ResBuf.h"
+#include "cadhost/commands/Command.h"
 
 namespace cadhost {
 
@@ -51,6 +52,8 @@ public:
     const std::vector<std::int64_t>& previousSelection() const;
     // The prompt the active command waits at ("" when none is active).
     std::string prompt() const;
+    // What that prompt takes besides text (Text when no command is active).
+    commands::InputRequest request() const;
     // Names of the menu groups "MENULOAD" loaded, in load order.
     std::vector<std::string> menuGroups() const;
 

@@ -20,6 +20,11 @@ public:
     explicit SelectCommand(Context& context) : context_(context), drawing_(*context.drawing) {}
 
     std::string prompt() const override { return removing_ ? "Remove objects: " : "Select objects: "; }
+    InputRequest request() const override {
+        InputRequest objects;
+        objects.kind = InputRequest::Kind::Objects;
+        return objects;
+    }
 
     Step take(const ResBuf& input) override {
         if (isEnter(input)) {

@@ -21,6 +21,17 @@ constexpr std::int64_t kLine1 = 0x33, kLine2 = 0x34, kCircle = 0x35;
 
 }  // namespace
 
+TEST(Select, AsksForObjectsWhileActive) {
+    CommandLine cl;
+    // A window offers picks while objects are asked for, and nothing once the command ended.
+    using Kind = commands::InputRequest::Kind;
+    EXPECT_EQ(cl.processor.request().kind, Kind::Text);
+    EXPECT_EQ(cl.feed({S("_select")}), RTNORM);
+    EXPECT_EQ(cl.processor.request().kind, Kind::Objects);
+    EXPECT_EQ(cl.feed({S("")}), RTNORM);
+    EXPECT_EQ(cl.processor.request().kind, Kind::Text);
+}
+
 TEST(Select, EntitiesSetsAndKeywordsMakeThePreviousSet) {
     CommandLine cl{openFixture("layout_viewports.dxf")};
     ASSERT_EQ(cl.drawing.entity(kCircle)->type, "CIRCLE");
