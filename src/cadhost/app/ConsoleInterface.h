@@ -27,6 +27,11 @@ public:
 
     void print(std::string_view text) override;
     std::optional<std::string> prompt(const std::string& question) override;
+    std::optional<PromptAnswer> ask(const std::string& question, const commands::InputRequest&) override {
+        auto typed = prompt(question);
+        if (!typed) return std::nullopt;
+        return PromptAnswer{std::move(typed), std::nullopt, {}};
+    }
     ardo::MbAnswer messageBox(const std::string& text, const std::string& caption, ardo::MbButtons buttons,
                               ardo::MbIcon icon) override {
         return boxes_.show(text, caption, buttons, icon);

@@ -7,10 +7,20 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "boundary/Host.h"
+#include "cadhost/commands/InputRequest.h"
 
 namespace cadhost {
+
+// One answer to a prompt that also takes picks: typed text, a point picked in a view, or
+// the entities that a pick, window or crossing found.
+struct PromptAnswer {
+    std::optional<std::string> text;
+    std::optional<ardo::Point3> point;
+    std::vector<std::int64_t> entities;
+};
 
 // The host's main window, for dialogs and docking panes to attach to. A windowed user
 // interface derives its window from this; the console has none.
@@ -32,6 +42,9 @@ public:
     // Asks for one line of input after showing the question; nothing when nobody can
     // answer (end of input, or a script without a terminal).
     virtual std::optional<std::string> prompt(const std::string& question) = 0;
+    // Asks for the next input of a prompt that also takes what `request` names from a
+    // view; nothing when cancelled or nobody can answer. The console takes typed text.
+    virtual std::optional<PromptAnswer> ask(const std::string& question, const commands::InputRequest& request) = 0;
     virtual ardo::MbAnswer messageBox(const std::string& text, const std::string& caption,
                                       ardo::MbButtons buttons, ardo::MbIcon icon) = 0;
     virtual void alert(const std::string& text) = 0;

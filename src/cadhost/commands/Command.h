@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "cadhost/colors/ColorServices.h"
+#include "cadhost/commands/InputRequest.h"
 #include "boundary/ResBuf.h"
 
 namespace cadhost {
@@ -43,16 +43,6 @@ struct Context {
 };
 
 enum class Step { More, Done, Refused };
-
-// What the next input may be besides typed text, so that a window can offer picks in the
-// view: a point (with a rubber band from `from` when given, a rectangle for a corner), or
-// objects (a pick, a window or a crossing, handed over as entity names or a selection).
-struct InputRequest {
-    enum class Kind { Text, Point, Objects };
-    Kind kind = Kind::Text;
-    std::optional<ardo::Point3> from;
-    bool rectangle = false;
-};
 
 class Command {
 public:

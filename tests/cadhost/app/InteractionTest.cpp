@@ -75,5 +75,18 @@ TEST_F(Interaction, NothingToPickInOnTheConsole) {
     EXPECT_EQ(host.entSel("\nSelect object: ", entity, point), ardo::RTERROR);
 }
 
+TEST_F(Interaction, PromptsThatTakePicksGetTypedTextOnTheConsole) {
+    commands::InputRequest point;
+    point.kind = commands::InputRequest::Kind::Point;
+    answerWith({"10,20"});
+    const auto answer = ui.ask("Specify first point: ", point);
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->text, "10,20");
+    EXPECT_FALSE(answer->point);
+    EXPECT_TRUE(answer->entities.empty());
+    EXPECT_FALSE(ui.ask("Specify next point: ", point));
+    EXPECT_EQ(asked, (std::vector<std::string>{"Specify first point: ", "Specify next point: "}));
+}
+
 }  // namespace
 }  // namespace cadhost::test
