@@ -1,6 +1,7 @@
 // The exports of ardo.arx: the entry point the host sends its application messages to.
 #include <dlfcn.h>
 
+#include "about/ProductDialogs.h"
 #include "help/Help.h"
 #include "help/window/HelpWindow.h"
 #include "module/ModuleEntry.h"
@@ -19,6 +20,7 @@ void rememberModulePath() {
 // The module's logic asks for its windows through these, so it also runs without them.
 void installWindows() {
     ardo::setHelpViewer(ardo::showHelpAddress);
+    ardo::setProductWindowOpener(ardo::openProductWindow);
 }
 
 __attribute__((constructor)) void attachProcess() {
