@@ -251,6 +251,9 @@ TEST(RegistryText, ReadsWhatARegistryEditorExports) {
 // save, never half of it.
 TEST_F(CRegistryFile, SurvivesAKillDuringAWrite) {
     const std::string big(20000, 'k');
+    // The file is there before the first writer starts, so every kill hits a replacement.
+    ASSERT_TRUE(reg.create(RegRoot::CurrentUser, "Software\\Ardo"));
+    ASSERT_TRUE(reg.setText("Big0", big));
     for (int round = 0; round < 12; ++round) {
         const pid_t child = fork();
         ASSERT_GE(child, 0);
