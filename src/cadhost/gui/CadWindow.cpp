@@ -17,6 +17,8 @@
 #include <QToolBar>
 
 #include "cadhost/app/Application.h"
+#include "cadhost/commands/CommandNames.h"
+#include "cadhost/lisp/Interpreter.h"
 #include "cadhost/gui/CommandDock.h"
 #include "cadhost/gui/LayerBar.h"
 
@@ -142,6 +144,8 @@ void CadWindow::attach(Application& app) {
     commandLine_ = std::make_unique<CommandLine>(app);
     syncDocuments();
     updatePrompt();
+    // Typing goes to the command line from the start, as in the common hosts.
+    dock_->input()->setFocus();
 }
 
 DrawingView* CadWindow::currentView() const {
@@ -223,8 +227,25 @@ void CadWindow::updatePrompt() {
 void CadWindow::refresh() {
     syncDocuments();
     updatePrompt();
+    updateCompletions();
     if (auto* view = currentView()) view->update();
     if (commandLine_ && commandLine_->quitRequested()) QTimer::singleShot(0, this, &QWidget::close);
+}
+
+// Tab completes what the current drawing knows: host commands, LISP commands (C:NAME,
+// typed as NAME) and LISP functions.
+void CadWindow::updateCompletions() {
+    if (!app_ || !app_->hasDocument()) return;
+    QStringList names{"DRAWINGS", "SWITCH", "OPEN", "CLOSE", "QUIT"};
+    for (std::string_view name : commands::commandNames()) names << QString::fromUtf8(name.data(), name.size());
+    app_->lisp().symbols().forEach([&](const lisp::Symbol& symbol) {
+        if (!symbol.value.isFunction()) return;
+        const QString name = QString::fromStdString(symbol.name);
+        names << (name.startsWith("C:") ? name.mid(2) : name.toLower());
+    });
+    names.removeDuplicates();
+    names.sort(Qt::CaseInsensitive);
+    dock_->setCompletions(names);
 }
 
 void CadWindow::enterLine(const std::string& line) {
@@ -243,6 +264,10 @@ DrawingView::Input CadWindow::viewInput() {
     input.singlePick = [this] { return waiting_ && waiting_->singlePick; };
     input.point = [this](Vec2 at) { pointPicked(at); };
     input.objects = [this](const std::vector<Handle>& found, Vec2 at, bool remove) { objectsPicked(found, at, remove); };
+    input.typed = [this](QKeyEvent* event) {
+        dock_->input()->setFocus();
+        QApplication::sendEvent(dock_->input(), event);
+    };
     input.cursor = [this](Vec2 at) {
         coordinates_->setText(QString("%1, %2").arg(at.x, 0, 'f', 4).arg(at.y, 0, 'f', 4));
     };
@@ -279,18 +304,30 @@ void CadWindow::answerPrompt(std::optional<PromptAnswer> answer) {
 // --- prompts from LISP code --------------------------------------------------------------
 
 std::optional<PromptAnswer> CadWindow::ask(const std::string& question, const commands::InputRequest& request) {
+    return wait(question, request, false);
+}
+
+// Waits for the answer to a question asked from LISP code: a typed line (echoed by the
+// command line with the question before it), a pick in the view, or Escape.
+std::optional<PromptAnswer> CadWindow::wait(const std::string& question, const commands::InputRequest& request,
+                                            bool singlePick) {
     // One question at a time: a prompt asked while another waits cannot be answered.
     if (waiting_) return std::nullopt;
     QEventLoop loop;
-    waiting_ = Waiting{question, request, false, &loop, std::nullopt};
-    dock_->print(question);
+    waiting_ = Waiting{question, request, singlePick, &loop, std::nullopt};
     updatePrompt();
     if (auto* view = currentView()) view->update();
     dock_->input()->setFocus();
     loop.exec();
     std::optional<PromptAnswer> answer = std::move(waiting_->answer);
     waiting_.reset();
-    dock_->print("\n");
+    if (answer && !answer->text) {
+        // A pick shows on the command line as the point or what was found.
+        const std::string what = answer->point && answer->entities.empty() && !singlePick
+                                     ? QString("%1,%2").arg((*answer->point)[0]).arg((*answer->point)[1]).toStdString()
+                                     : std::to_string(answer->entities.size()) + " found";
+        dock_->print(question + what + "\n");
+    }
     updatePrompt();
     return answer;
 }
@@ -305,15 +342,7 @@ std::optional<int> CadWindow::pickEntity(const std::string& prompt, std::int64_t
     if (waiting_) return ardo::RTCAN;
     commands::InputRequest one;
     one.kind = commands::InputRequest::Kind::Objects;
-    QEventLoop loop;
-    waiting_ = Waiting{prompt, one, true, &loop, std::nullopt};
-    dock_->print(prompt);
-    updatePrompt();
-    loop.exec();
-    const std::optional<PromptAnswer> answer = std::move(waiting_->answer);
-    waiting_.reset();
-    dock_->print("\n");
-    updatePrompt();
+    const std::optional<PromptAnswer> answer = wait(prompt, one, true);
     if (!answer || (answer->text && answer->text->empty())) return ardo::RTCAN;
     if (answer->entities.empty()) return ardo::RTERROR;
     entity = answer->entities.front();

@@ -85,6 +85,7 @@ private:
     Page* pageOf(const Document& document) const;
     void showCurrent();
     void updatePrompt();
+    void updateCompletions();
     void openDialog();
     bool saveAsDialog();
     // Asks whether to save a changed drawing; false when the user cancelled.
@@ -96,6 +97,8 @@ private:
     void pointPicked(Vec2 at);
     void objectsPicked(const std::vector<Handle>& found, Vec2 at, bool remove);
     void answerPrompt(std::optional<PromptAnswer> answer);
+    std::optional<PromptAnswer> wait(const std::string& question, const commands::InputRequest& request,
+                                     bool singlePick);
 
     Application* app_ = nullptr;
     std::unique_ptr<CommandLine> commandLine_;

@@ -266,6 +266,10 @@ void DrawingView::keyPressEvent(QKeyEvent* event) {
         clearSelection();
         return;
     }
+    if (input_.typed && !event->text().isEmpty()) {
+        input_.typed(event);
+        return;
+    }
     QWidget::keyPressEvent(event);
 }
 

@@ -27,6 +27,8 @@ public:
         // True while the prompt takes one entity: a pick that hits nothing hands over
         // nothing instead of opening a window.
         std::function<bool()> singlePick;
+        // Keys typed while the view has the focus belong to the command line.
+        std::function<void(QKeyEvent*)> typed;
         // The cursor's world position, for the status bar.
         std::function<void(Vec2)> cursor;
     };

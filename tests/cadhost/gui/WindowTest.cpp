@@ -162,6 +162,10 @@ TEST_F(WindowTest, LispPromptsTakeTypedTextAndPicks) {
 
     QTimer::singleShot(0, [&] { type("hello"); });
     EXPECT_EQ(window->prompt("Name: "), "hello");
+    // The question stands once in the text window, with the answer after it.
+    EXPECT_EQ(window->commandDock()->text().count("Name: "), 1);
+    EXPECT_TRUE(window->commandDock()->text().contains("Name: hello\n"));
+    EXPECT_TRUE(window->commandDock()->text().contains("Next point: "));
 
     QTimer::singleShot(0, [&] { QTest::keyClick(window->commandDock()->input(), Qt::Key_Escape); });
     EXPECT_FALSE(window->prompt("Name: "));
@@ -232,6 +236,14 @@ TEST_F(WindowTest, DocumentsOpenedAndClosedAtTheCommandLineGetAndLoseTabs) {
     EXPECT_EQ(tabs->count(), 1);
 }
 
+TEST_F(WindowTest, TypingInTheViewGoesToTheCommandLine) {
+    view()->setFocus();
+    QTest::keyClicks(view(), "(* 6 7)");
+    QTest::keyClick(view(), Qt::Key_Return);
+    EXPECT_TRUE(window->commandDock()->text().contains("Command: (* 6 7)\n42"));
+    EXPECT_TRUE(window->commandDock()->input()->hasFocus());
+}
+
 TEST_F(WindowTest, HistoryWalksBackAndIsKeptBetweenRuns) {
     type("(+ 1 2)");
     type("(+ 3 4)");
@@ -243,13 +255,26 @@ TEST_F(WindowTest, HistoryWalksBackAndIsKeptBetweenRuns) {
     QTest::keyClick(input, Qt::Key_Down);
     EXPECT_EQ(input->text(), "(+ 3 4)");
     EXPECT_TRUE(window->commandDock()->text().contains("7"));
+    // Tab completes a LISP function defined at the command line and a host command.
+    type("(defun c:zeichnen () (princ))");
+    type("(defun meinefunktion () 1)");
+    input->setText("zeich");
+    QTest::keyClick(input, Qt::Key_Tab);
+    EXPECT_EQ(input->text(), "ZEICHNEN");
+    input->setText("(meinef");
+    QTest::keyClick(input, Qt::Key_Tab);
+    EXPECT_EQ(input->text(), "(meinefunktion");
+    input->setText("vpla");
+    QTest::keyClick(input, Qt::Key_Tab);
+    EXPECT_EQ(input->text(), "VPLAYER");
     input->clear();
     window->detach();
     app.reset();
     window.reset();   // leaves the history file
     CommandDock again((scratch() / "history").string());
-    ASSERT_GE(again.history().size(), 2);
-    EXPECT_EQ(again.history().back(), "(+ 3 4)");
+    ASSERT_GE(again.history().size(), 4);
+    EXPECT_EQ(again.history().back(), "(defun meinefunktion () 1)");
+    EXPECT_EQ(again.history()[again.history().size() - 3], "(+ 3 4)");
     // TearDown ends a window and an application of its own.
     window = std::make_unique<CadWindow>((scratch() / "history").string());
     app = std::make_unique<Application>(*window);
