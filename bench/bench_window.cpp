@@ -44,6 +44,8 @@ void row(const char* what, double ours, const char* baseline, double base) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // Each figure shows as soon as it is measured; LibreCAD's run takes minutes.
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication qt(argc, argv);
     constexpr int kEntities = 200000;
@@ -75,7 +77,7 @@ int main(int argc, char** argv) {
         t = Clock::now();
         const int status = std::system(command.c_str());
         libreCad = ms(t);
-        if (status != 0) std::printf("  (LibreCAD's dxf2pdf ended with status %d)\n", status);
+        if (status != 0) std::printf("  (LibreCAD's dxf2pdf ended with wait status %d)\n", status);
     }
     if (libreCad > 0) row("open + first paint", openPaint, "LibreCAD dxf2pdf", libreCad);
     else std::printf("  open + first paint %10.2f ms   (LibreCAD not installed: no baseline)\n", openPaint);
