@@ -24,6 +24,8 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/install/ DESTINATION ${ARDO_PRO
         PATTERN "Benutzer" EXCLUDE
         PATTERN "Ardo_Sys.cfg" EXCLUDE)
 install(FILES ${PROJECT_SOURCE_DIR}/packaging/Ardo_Sys.cfg DESTINATION ${ARDO_PROGRAM_DIR})
+install(FILES ${CMAKE_BINARY_DIR}/ardo/help/ArdoArx.chm ${CMAKE_BINARY_DIR}/ardo/help/ArdoArx.top
+        DESTINATION ${ARDO_PROGRAM_DIR}/help PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/packaging)
 file(CREATE_LINK ../lib/ardo/ardo-cad ${CMAKE_BINARY_DIR}/packaging/ardo-cad SYMBOLIC)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/ardo-cad DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -63,6 +65,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The module loads the help library at run time, so the dependency scan cannot see it.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libchm1")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/package)

@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
   build-essential cmake ninja-build g++ clang-14 libclang-rt-14-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  libreadline-dev qt6-base-dev libchm-dev
+  libreadline-dev qt6-base-dev libchm-dev fp-utils
   python3 python3-ezdxf librecad xvfb xauth chromium
   poppler-utils xdotool imagemagick
   dpkg-dev lintian man-db

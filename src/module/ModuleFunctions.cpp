@@ -9,6 +9,7 @@
 #include "module/lisp/CallFrame.h"
 #include "module/ModuleState.h"
 #include "module/PathInfo.h"
+#include "module/ProductInfo.h"
 #include "module/ProgramStart.h"
 #include "module/paths/PathJoin.h"
 #include "module/paths/Platform.h"
@@ -90,18 +91,6 @@ void quietCommand(const ResBufChain& tokens) {
 std::string menuFile() {
     const std::string configured = configurationValue("PFADINFO", "Menu");
     return configured.empty() ? moduleFiles().programFolder + "ardo.mnu" : pathInfo("Menu");
-}
-
-void printProductInformation() {
-    const char* keys[] = {"ProductName", "ProductText", "CompanyName"};
-    std::string text = "\n";
-    for (const char* key : keys) {
-        const std::string value = configurationValue("PRODUCTINFO", key);
-        if (!value.empty()) text += value + "\n";
-    }
-    text += "Version " + configurationValue("VERSION", "Version") + ", Build " +
-            configurationValue("VERSION", "Build") + "\n";
-    host().print(text);
 }
 
 }  // namespace
@@ -243,13 +232,13 @@ int Kemb_getProductIcon() {
 
 int C_Kemb_VersionInfo() {
     host().retVoid();
-    printProductInformation();
+    showProductInfo(ProductWindow::Version);
     return RSRSLT;
 }
 
 int Kemb_showAboutDialogue() {
     host().retNil();
-    printProductInformation();
+    showProductInfo(ProductWindow::About);
     return RSRSLT;
 }
 

@@ -31,8 +31,8 @@
 // - Kemb_getProductName, Kemb_getCompanyName: section PRODUCTINFO keys ProductName and
 //   CompanyName; (Kemb_getProductText key) any PRODUCTINFO key; Kemb_getProductIcon the
 //   path of the ProductIcon file in the program folder. nil when the text is not configured.
-// - C:Kemb_VersionInfo and Kemb_showAboutDialogue print the product information on the
-//   command line.
+// - C:Kemb_VersionInfo opens the version window, Kemb_showAboutDialogue the about window;
+//   without a display both print the product information on the command line.
 
 namespace ardo::handlers {
 

@@ -132,9 +132,21 @@ TEST_F(ModuleFunctionsTest, ProductTextsComeFromTheConfiguration) {
     EXPECT_TRUE(isNil(call(Kemb_getProductText, {"Fehlt"})));
     EXPECT_EQ(stringOf(call(Kemb_getProductIcon, {})), programFolder + "ardo.ico");
 
+    // Without a window, the version and about commands print the information, labelled
+    // with the catalog's texts, and the module's files with a mark on those missing.
     host.call(C_Kemb_VersionInfo, {});
     EXPECT_TRUE(isVoid(host.result));
-    EXPECT_EQ(host.printed, "\nTestprodukt\nLayer fuer Tests\nTestfirma\nVersion 2.5.1, Build 77\n");
+    EXPECT_TRUE(host.printed.starts_with(
+        "\nTestprodukt\nLayer fuer Tests\nVersion: 2.5.1\nBuild-Nr: 77\nFirma: Testfirma\nModul " ARDO_VERSION "\n"))
+        << host.printed;
+    EXPECT_NE(host.printed.find("\nKonfiguration: " + programFolder + "ardo.cfg\n"), std::string::npos);
+    EXPECT_NE(host.printed.find("\nModul: " + programFolder + "ardo.arx (fehlt)\n"), std::string::npos);
+    EXPECT_NE(host.printed.find("\nHilfethemen: " + programFolder + "ArdoArx.top (fehlt)\n"), std::string::npos);
+    const std::string versionText = host.printed;
+    host.clearOutput();
+    host.call(Kemb_showAboutDialogue, {});
+    EXPECT_TRUE(isNil(host.result));
+    EXPECT_EQ(host.printed, versionText);
 
     // Without a configuration there is no text to give.
     moduleFiles().configuration.reset();

@@ -1,6 +1,9 @@
 // The exports of ardo.arx: the entry point the host sends its application messages to.
 #include <dlfcn.h>
 
+#include "about/ProductDialogs.h"
+#include "help/Help.h"
+#include "help/window/HelpWindow.h"
 #include "module/ModuleEntry.h"
 #include "standard/LayerStandardRun.h"
 #include "settings/ModuleFiles.h"
@@ -14,7 +17,16 @@ void rememberModulePath() {
         ardo::moduleFiles().modulePath = info.dli_fname;
 }
 
-__attribute__((constructor)) void attachProcess() { rememberModulePath(); }
+// The module's logic asks for its windows through these, so it also runs without them.
+void installWindows() {
+    ardo::setHelpViewer(ardo::showHelpAddress);
+    ardo::setProductWindowOpener(ardo::openProductWindow);
+}
+
+__attribute__((constructor)) void attachProcess() {
+    rememberModulePath();
+    installWindows();
+}
 
 }  // namespace
 
