@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "boundary/ResBuf.h"
+#include "cadhost/commands/InputRequest.h"
 
 namespace cadhost::commands {
 
@@ -19,6 +20,15 @@ std::optional<double> parseReal(std::string_view text);
 // An angle in degrees as typed ("45", "-90", "30.5", "45d30'15\"", "<45" as the common
 // hosts accept it), in radians.
 std::optional<double> parseAngle(std::string_view text);
+
+// What a prompt for a point offers a view: a rubber band from `from`, or a rectangle.
+inline InputRequest pointRequest(std::optional<ardo::Point3> from = std::nullopt, bool rectangle = false) {
+    InputRequest point;
+    point.kind = InputRequest::Kind::Point;
+    point.from = from;
+    point.rectangle = rectangle;
+    return point;
+}
 
 // The complaint about input that is no point.
 inline constexpr const char* kInvalidPoint = "Invalid point.\n";
