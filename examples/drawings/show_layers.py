@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """Reads a drawing saved by ardo-cad with ezdxf, an independent DXF reader, and prints the
-layers it has beyond the original drawing with their properties, then ezdxf's audit.
+layers it has beyond the original drawing with their properties, the lines drawn on them
+(the wall module's walls), then ezdxf's audit.
 
 usage: /usr/bin/python3 show_layers.py ORIGINAL.dxf SAVED.dxf
 Exit status 1 when the saved drawing cannot be read, has no new layer or fails the audit.
@@ -59,6 +60,12 @@ def main(argv):
         print(f"  {layer.dxf.name:26} {colour_text(layer):34} {layer.dxf.linetype:17} "
               f"{lineweight_text(layer.dxf.lineweight):16} plot={'ja/yes' if layer.dxf.plot else 'nein/no':7} "
               f"Plotstil/plot style={plot_style_name(doc, layer)}  [{states_text(layer)}]")
+    new_names = {layer.dxf.name.upper() for layer in new_layers}
+    drawn = [line for line in doc.modelspace().query("LINE") if line.dxf.layer.upper() in new_names]
+    print(f"{len(drawn)} Linien auf neuen Layern / lines on new layers:")
+    for line in drawn:
+        start, end = line.dxf.start, line.dxf.end
+        print(f"  {line.dxf.layer:26} ({start.x:g},{start.y:g}) - ({end.x:g},{end.y:g})")
     used = {layer.dxf.linetype.upper() for layer in new_layers}
     loaded = [lt.dxf.name for lt in doc.linetypes if lt.dxf.name.upper() in used and lt.dxf.name.upper() != "CONTINUOUS"]
     print(f"Linientypen aus ardo.lin / linetypes loaded: {', '.join(loaded) or '-'}")

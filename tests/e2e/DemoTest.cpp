@@ -2,6 +2,8 @@
 // the host, ezdxf and LibreCAD.
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "e2e/E2eSupport.h"
 
 namespace ardo::e2e {
@@ -54,7 +56,16 @@ TEST_F(Demo, TheSavedDrawingHoldsTheSurveyAndTheLayersTheDemoMade) {
     EXPECT_TRUE(layerOf(d, "A-Achsen").isLocked);
     EXPECT_FALSE(layerOf(d, "T-Bewehrung").isFrozen) << "thawed again by kemb_setlayer";
     EXPECT_TRUE(d.hasLinetype("ARDO_GRENZE"));
-    EXPECT_EQ(d.entityCount(), openSaved(officeDrawing()).entityCount());
+    // The wall module drew each storey's walls with LINE: an outline of four lines on the
+    // load-bearing layer and one partition on the other.
+    EXPECT_EQ(d.entityCount(), openSaved(officeDrawing()).entityCount() + 10);
+    std::map<std::string, int> walls;
+    d.forEachEntity([&](const cadhost::EntityInfo& e) {
+        if (e.type == "LINE" && (e.layer.rfind("EG_", 0) == 0 || e.layer.rfind("OG1_", 0) == 0)) ++walls[e.layer];
+        return true;
+    });
+    EXPECT_EQ(walls, (std::map<std::string, int>{{"EG_A-Wand-nichttragend", 1}, {"EG_A-Wand-tragend", 4},
+                                                  {"OG1_A-Wand-nichttragend", 1}, {"OG1_A-Wand-tragend", 4}}));
     if (auto read = ezdxfEval(saved(), "len(d.layers), len(d.audit().errors), d.header['$CLAYER']")) {
         EXPECT_EQ(*read, "25 0 OG1_A-Wand-tragend\n");
     }

@@ -29,12 +29,15 @@ public:
     int command(const ardo::ResBufChain& tokens) override;
     std::int64_t entNext(std::int64_t after) override;
     std::int64_t entLast() override;
+    std::int64_t entMake(const ardo::ResBufChain& groups) override;
     bool entGet(std::int64_t entity, ardo::ResBufChain& groups) override;
     // LAYER records carry name, flags, colour (negative when off), linetype, lineweight
     // and plottable; LTYPE records name and flags. Other tables have no records here.
     bool tblSearch(const std::string& table, const std::string& name, ardo::ResBufChain& record) override;
     bool tblNext(const std::string& table, bool rewind, ardo::ResBufChain& record) override;
     std::vector<std::int64_t> previousSelection() override;
+    std::optional<std::vector<std::int64_t>> selectEntities(const std::string& mode,
+                                                            const std::vector<ardo::Point3>& points) override;
     const std::vector<std::filesystem::path>& supportPath() const override;
 
 private:

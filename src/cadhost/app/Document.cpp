@@ -22,6 +22,7 @@ Document::Document(Application& app, Drawing drawing, bool titled)
           [&app] { app.ui().redraw(); }, &app.colors()}) {
     defineModuleFunctions(lisp_);
     defineDocumentFunctions(lisp_);
+    defineInputFunctions(lisp_);
 }
 
 std::string Document::name() const {

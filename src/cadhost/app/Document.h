@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cadhost/app/CadLispHost.h"
+#include "cadhost/app/InputLisp.h"
 #include "cadhost/app/UndoHistory.h"
 #include "cadhost/commands/CommandProcessor.h"
 #include "cadhost/drawing/Drawing.h"
@@ -27,6 +28,8 @@ public:
     lisp::Interpreter& lisp() { return lisp_; }
     CommandProcessor& commands() { return commands_; }
     UndoHistory& undoHistory() { return undo_; }
+    // What initget set for the next LISP input function of this drawing.
+    InputRules& inputRules() { return inputRules_; }
 
     bool titled() const { return titled_; }
     // DWGNAME: the file name without folder ("Drawing1.dxf" for a new drawing).
@@ -47,6 +50,7 @@ private:
     lisp::Interpreter lisp_;
     CommandProcessor commands_;
     UndoHistory undo_;
+    InputRules inputRules_;
     int lockCount_ = 0;
 };
 

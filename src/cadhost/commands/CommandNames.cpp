@@ -2,13 +2,14 @@
 
 #include <array>
 
+#include "cadhost/commands/DraftingCommands.h"
 #include "base/CaseFold.h"
 
 namespace cadhost::commands {
 
 namespace {
 
-constexpr std::array<CommandEntry, 8> kCommands{{
+constexpr std::array<CommandEntry, 13> kCommands{{
     {"LAYER", makeLayerCommand},
     {"VPLAYER", makeVplayerCommand},
     {"SELECT", makeSelectCommand},
@@ -17,6 +18,11 @@ constexpr std::array<CommandEntry, 8> kCommands{{
     {"SAVEAS", makeSaveasCommand},
     {"MENULOAD", makeMenuloadCommand},
     {"MENUUNLOAD", makeMenuunloadCommand},
+    {"LINE", makeLineCommand},
+    {"CIRCLE", makeCircleCommand},
+    {"ERASE", makeEraseCommand},
+    {"RECTANG", makeRectangCommand},
+    {"POINT", makePointCommand},
 }};
 
 // Commands that have a "-" command-line form beside their dialog.

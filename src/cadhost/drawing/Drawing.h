@@ -119,7 +119,7 @@ public:
     ardo::DbStatus eraseLinetype(const std::string& name);
 
     // --- system variables -------------------------------------------------------------
-    // "CLAYER", "TILEMODE", "CMDECHO", "CDATE", "LWUNITS", "LWDEFAULT", "LWDISPLAY",
+    // "CLAYER", "TILEMODE", "CMDECHO", "CDATE", "LWUNITS", "LWDEFAULT", "LWDISPLAY", "LASTPOINT",
     // "PROGRAM", "CMDACTIVE", "FILEDIA", "DWGNAME", "DWGPREFIX", and every variable of the
     // drawing's header by its name without "$". Nothing for unknown names.
     std::optional<ardo::ResBuf> getVar(std::string_view name) const;
@@ -137,6 +137,8 @@ public:
     // Erases the entity with what belongs to it (vertices, attributes); KeyNotFound when
     // there is none.
     ardo::DbStatus eraseEntity(Handle handle);
+    // Erases each entity named that exists, in one pass over the entity lists; how many.
+    std::size_t eraseEntities(const std::vector<Handle>& handles);
     // Entities of model and paper space in file order (block contents and the vertices
     // and attributes that belong to a POLYLINE or INSERT are not visited).
     std::optional<Handle> firstEntity() const;
@@ -291,6 +293,8 @@ private:
     std::vector<DxfRepair> findings_;   // values read differently from the file, with their lines
     DxfForm form_ = DxfForm::Ascii;
     int cmdEcho_ = 1, fileDia_ = 1, cmdActive_ = 0, lwUnits_ = 1, lwDefault_ = 25;
+    // The last point given at a prompt ("@"); the session's, as the file does not keep it.
+    ardo::Point3 lastPoint_{};
 };
 
 // A drawing read in recover mode and the repairs that made it readable.

@@ -1,5 +1,6 @@
 // Entity access by handle and in file order, entity lists and viewports.
 #include <algorithm>
+#include <unordered_set>
 
 #include "cadhost/drawing/Drawing.h"
 #include "cadhost/dxf/TagEdit.h"
@@ -176,27 +177,37 @@ std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given) {
 }
 
 ardo::DbStatus Drawing::eraseEntity(Handle handle) {
-    const Entity* e = findEntity(handle);
-    if (!e) return ardo::DbStatus::KeyNotFound;
-    std::vector<RecordId> records{e->record};
-    while (records.back() != e->last) records.push_back(doc_.next(records.back()));
-    for (RecordId id : records) {
-        if (const auto own = tagValue(doc_.tags(id), 5)) byHandle_.erase(toHandle(*own));
-        doc_.erase(id);
+    return eraseEntities({handle}) == 1 ? ardo::DbStatus::Ok : ardo::DbStatus::KeyNotFound;
+}
+
+std::size_t Drawing::eraseEntities(const std::vector<Handle>& handles) {
+    std::unordered_set<std::uint32_t> gone;
+    std::vector<Handle> erased;
+    for (Handle handle : handles) {
+        const Entity* e = findEntity(handle);
+        if (!e) continue;
+        std::vector<RecordId> records{e->record};
+        while (records.back() != e->last) records.push_back(doc_.next(records.back()));
+        for (RecordId id : records) {
+            if (const auto own = tagValue(doc_.tags(id), 5)) byHandle_.erase(toHandle(*own));
+            doc_.erase(id);
+        }
+        const std::uint32_t index = entityByHandle_.at(handle);
+        if (e->block >= 0) {
+            Block& block = blocks_[static_cast<std::size_t>(e->block)];
+            std::erase(block.entities, index);
+            block.extentState = Block::Extent::Unknown;   // worked out again when asked
+            block.extents.reset();
+        } else {
+            gone.insert(index);
+        }
+        entityByHandle_.erase(handle);
+        erased.push_back(handle);
     }
-    // Out of the lists that count and walk entities; spaceEntities_ stays sorted.
-    const std::uint32_t index = entityByHandle_.at(handle);
-    if (e->block < 0) {
-        std::erase(spaceEntities_, index);
-    } else {
-        Block& block = blocks_[static_cast<std::size_t>(e->block)];
-        std::erase(block.entities, index);
-        block.extentState = Block::Extent::Unknown;   // worked out again when asked
-        block.extents.reset();
-    }
-    entityByHandle_.erase(handle);
-    announce([&](DrawingListener& l) { l.entityChanged(Change::Erased, handle); });
-    return ardo::DbStatus::Ok;
+    // Out of the list that counts and walks entities in one pass; it stays sorted.
+    if (!gone.empty()) std::erase_if(spaceEntities_, [&](std::uint32_t i) { return gone.count(i) != 0; });
+    for (Handle handle : erased) announce([&](DrawingListener& l) { l.entityChanged(Change::Erased, handle); });
+    return erased.size();
 }
 
 }  // namespace cadhost

@@ -74,6 +74,7 @@ std::optional<ResBuf> Drawing::getVar(std::string_view name) const {
     if (key == "CMDACTIVE") return ResBuf::shortInt(cmdActive_);
     if (key == "LWUNITS") return ResBuf::shortInt(lwUnits_);
     if (key == "LWDEFAULT") return ResBuf::shortInt(lwDefault_);
+    if (key == "LASTPOINT") return ResBuf::point3(lastPoint_);
     const auto tags = headerVar("$" + key);
     if (!tags || tags->size() < 2) {
         // Defaults of variables older formats do not keep.
@@ -113,6 +114,11 @@ DbStatus Drawing::storeVar(std::string_view name, const ResBuf& value) {
     if (memory) {
         if (!isInteger(value)) return DbStatus::InvalidInput;
         *memory = static_cast<int>(value.integer);
+        return DbStatus::Ok;
+    }
+    if (key == "LASTPOINT") {
+        if (value.restype != ardo::RTPOINT && value.restype != ardo::RT3DPOINT) return DbStatus::InvalidInput;
+        lastPoint_ = value.point;
         return DbStatus::Ok;
     }
     // No value of a system variable holds a line break or another control character.

@@ -5,6 +5,7 @@
 #include "cadhost/lisp/ArgCheck.h"
 #include "cadhost/lisp/Builtins.h"
 #include "cadhost/lisp/Interpreter.h"
+#include "cadhost/lisp/LispError.h"
 #include "cadhost/lisp/Printer.h"
 #include "cadhost/lisp/ResBufConvert.h"
 #include "cadhost/lisp/SelectionSet.h"
@@ -84,18 +85,60 @@ std::vector<std::int64_t> allEntities(LispHost& host) {
     return out;
 }
 
-// (ssget "X" [filter]) and (ssget "P"); the underscore forms as well.
+ardo::Point3 pointArg(const Value& v) {
+    ardo::ResBuf point;
+    if (!asPoint(v, point)) throw LispError("bad point argument: " + prin1String(v));
+    return point.point;
+}
+
+bool isPointValue(const Value& v) {
+    ardo::ResBuf point;
+    return v.isList() && asPoint(v, point);
+}
+
+// (ssget [mode] [point [point] | point-list] [filter]): "X" all, "P" previous, "L" last,
+// "W"/"C" two corners, "F"/"WP"/"CP" a list of points, ":S" one pick, a point alone picks
+// there, nothing asks at "Select objects:"; each with "_" before it as well.
 Value ssgetFn(Interpreter& in, const Args& args) {
-    checkCount(args, 1, 2);
-    std::string mode = ardo::upperCase(stringArg(args[0]));
-    if (!mode.empty() && mode.front() == '_') mode.erase(0, 1);
-    const SsgetFilter filter(args.size() == 2 ? listArg(args[1]) : Value());
+    checkCount(args, 0, 4);
+    std::size_t next = 0;
+    std::string mode;
+    std::vector<ardo::Point3> points;
+    if (next < args.size() && args[next].kind() == Kind::Str) {
+        mode = ardo::upperCase(stringArg(args[next++]));
+        if (!mode.empty() && mode.front() == '_') mode.erase(0, 1);
+    } else if (next < args.size() && isPointValue(args[next])) {
+        mode = ".";
+        points.push_back(pointArg(args[next++]));
+    }
+    if (mode == "W" || mode == "C") {
+        for (int corner = 0; corner < 2; ++corner) {
+            if (next >= args.size()) throw LispError("too few arguments");
+            points.push_back(pointArg(args[next++]));
+        }
+    } else if (mode == "F" || mode == "WP" || mode == "CP") {
+        if (next >= args.size()) throw LispError("too few arguments");
+        for (const Value* p = &listArg(args[next++]); p->isList(); p = &p->cdr()) points.push_back(pointArg(p->car()));
+    }
+    if (args.size() > next + 1) throw LispError("too many arguments");
+    const SsgetFilter filter(next < args.size() ? listArg(args[next]) : Value());
     std::vector<std::int64_t> candidates;
-    if (mode == "X") candidates = allEntities(in.host());
-    else if (mode == "P") candidates = in.host().previousSelection();
-    else
+    if (mode == "X") {
+        candidates = allEntities(in.host());
+    } else if (mode == "P") {
+        candidates = in.host().previousSelection();
+    } else if (mode == "L") {
+        if (const std::int64_t last = in.host().entLast(); last != 0) candidates.push_back(last);
+    } else if (mode.empty() || mode == ":S" || mode == "." || !points.empty()) {
+        auto chosen = in.host().selectEntities(mode, points);
+        if (!chosen) return Value();
+        candidates = std::move(*chosen);
+    } else {
         throw LispError("ssget mode " + prin1String(args[0]) +
-                        " is not available here; use \"X\" (all entities) or \"P\" (previous set)");
+                        " is not known; use \"X\", \"P\", \"L\", \"W\", \"C\", \"F\", \"WP\", \"CP\" or \":S\"");
+    }
+    // Every entity of "X" exists; other modes may name erased ones, which the groups weed out.
+    if (filter.empty() && mode == "X") return candidates.empty() ? Value() : in.newSelectionSet(std::move(candidates));
     std::vector<std::int64_t> chosen;
     ardo::ResBufChain groups;
     for (std::int64_t e : candidates) {
@@ -139,6 +182,12 @@ Value ssdelFn(Interpreter&, const Args& args) {
     return args[1];
 }
 
+Value ssmembFn(Interpreter&, const Args& args) {
+    checkCount(args, 2, 2);
+    const std::int64_t e = enameArg(args[0]);
+    return picksetArg(args[1]).contains(e) ? args[0] : Value();
+}
+
 Value entgetFn(Interpreter& in, const Args& args) {
     checkCount(args, 1, 2);
     const std::int64_t e = enameArg(args[0]);
@@ -148,6 +197,18 @@ Value entgetFn(Interpreter& in, const Args& args) {
 }
 
 Value enameOrNil(std::int64_t id) { return id == 0 ? Value() : Value::ename(id); }
+
+// (entmake list) gives the list back, (entmakex list) the new entity's name; nil when the
+// drawing refuses it.
+Value entmakeWith(Interpreter& in, const Args& args, bool name) {
+    checkCount(args, 1, 1);
+    const std::int64_t made = in.host().entMake(listToGroups(listArg(args[0])));
+    if (made == 0) return Value();
+    return name ? Value::ename(made) : args[0];
+}
+
+Value entmakeFn(Interpreter& in, const Args& args) { return entmakeWith(in, args, false); }
+Value entmakexFn(Interpreter& in, const Args& args) { return entmakeWith(in, args, true); }
 
 Value entlastFn(Interpreter& in, const Args& args) {
     checkCount(args, 0, 0);
@@ -181,9 +242,9 @@ Value tblnextFn(Interpreter& in, const Args& args) {
 const Builtin table[] = {
     {"GETVAR", getvarFn, nullptr},       {"SETVAR", setvarFn, nullptr},   {"COMMAND", commandFn, nullptr},
     {"SSGET", ssgetFn, nullptr},         {"SSLENGTH", sslengthFn, nullptr}, {"SSNAME", ssnameFn, nullptr},
-    {"SSADD", ssaddFn, nullptr},         {"SSDEL", ssdelFn, nullptr},     {"ENTGET", entgetFn, nullptr},
+    {"SSADD", ssaddFn, nullptr},         {"SSDEL", ssdelFn, nullptr},       {"SSMEMB", ssmembFn, nullptr},     {"ENTGET", entgetFn, nullptr},
     {"ENTLAST", entlastFn, nullptr},     {"ENTNEXT", entnextFn, nullptr}, {"TBLSEARCH", tblsearchFn, nullptr},
-    {"TBLNEXT", tblnextFn, nullptr},
+    {"TBLNEXT", tblnextFn, nullptr},     {"ENTMAKE", entmakeFn, nullptr}, {"ENTMAKEX", entmakexFn, nullptr},
 };
 
 }  // namespace

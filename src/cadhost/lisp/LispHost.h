@@ -3,6 +3,7 @@
 // line, system variables, command processor and drawing database here.
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,12 +34,22 @@ public:
     // The entity's DXF groups, each node's restype being its group code (without -1).
     virtual bool entGet(std::int64_t entity, ardo::ResBufChain& groups) = 0;
 
+    // Adds an entity from DXF groups (points as one node each), as entmake does; its id,
+    // or 0 when the drawing refuses the groups.
+    virtual std::int64_t entMake(const ardo::ResBufChain& groups) = 0;
+
     // Symbol table records ("LAYER", "LTYPE", ...) as DXF groups.
     virtual bool tblSearch(const std::string& table, const std::string& name, ardo::ResBufChain& record) = 0;
     virtual bool tblNext(const std::string& table, bool rewind, ardo::ResBufChain& record) = 0;
 
     // The entities of the previous selection, for (ssget "P").
     virtual std::vector<std::int64_t> previousSelection() = 0;
+    // The entities an ssget mode chooses by geometry or by asking: "W" and "C" with two
+    // corners, "F", "WP" and "CP" with the points of a fence or polygon, "." with one point
+    // to pick at, "" asking at "Select objects:" until Enter, ":S" the same for a single
+    // pick. Nothing when the user cancelled.
+    virtual std::optional<std::vector<std::int64_t>> selectEntities(const std::string& mode,
+                                                                    const std::vector<ardo::Point3>& points) = 0;
 
     // The support folders that findfile and load search after the current folder.
     virtual const std::vector<std::filesystem::path>& supportPath() const = 0;

@@ -2,6 +2,7 @@
 
 #include "cadhost/lisp/Interpreter.h"
 #include "cadhost/lisp/LispError.h"
+#include "cadhost/lisp/Printer.h"
 #include "cadhost/lisp/SelectionSet.h"
 #include "cadhost/lisp/StackGuard.h"
 
@@ -159,6 +160,26 @@ Value groupValue(const ResBuf& group) {
     case GroupType::Text: return Value::string(group.text);
     }
     return Value();
+}
+
+ResBufChain listToGroups(const Value& list) {
+    ResBufChain groups;
+    for (const Value* p = &list; p->isList(); p = &p->cdr()) {
+        const Value& entry = p->car();
+        if (!entry.isList() || entry.car().kind() != Kind::Int) throw LispError("bad DXF group: " + prin1String(entry));
+        const auto code = static_cast<short>(entry.car().asInt());
+        const Value& v = entry.cdr();
+        ResBuf node;
+        if (v.kind() == Kind::Str) node = ResBuf::str(v.asString());
+        else if (v.kind() == Kind::Int) node = ResBuf::longInt(v.asInt());
+        else if (v.kind() == Kind::Real) node = ResBuf::realNum(v.asReal());
+        else if (v.kind() == Kind::Ename) node = ResBuf::entityName(v.asId());
+        else if (ResBuf point; v.isList() && asPoint(v, point)) node = ResBuf::point3(point.point);
+        else throw LispError("bad DXF group: " + prin1String(entry));
+        node.restype = code;
+        groups.push_back(std::move(node));
+    }
+    return groups;
 }
 
 Value groupsToList(const ResBufChain& groups) {

@@ -23,6 +23,10 @@ Value valueFromChain(Interpreter& interp, const ardo::ResBufChain& chain);
 Value valueFromNode(Interpreter& interp, const ardo::ResBuf& node);
 // DXF groups as an association list ((0 . "LINE") (8 . "0") (10 1.0 2.0 0.0) ...).
 Value groupsToList(const ardo::ResBufChain& groups);
+// An association list as DXF groups, each node's restype its group code: strings, integers,
+// reals and entity names as they are, points (10 x y [z]) as one 3D point. Throws
+// "bad DXF group" for an entry that is none of these.
+ardo::ResBufChain listToGroups(const Value& list);
 // The value of one DXF group by its code's value type.
 Value groupValue(const ardo::ResBuf& group);
 

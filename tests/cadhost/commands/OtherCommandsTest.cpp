@@ -58,7 +58,9 @@ TEST(Select, UnknownEntitiesAndInputAreRefused) {
     cl.echo(0);
     EXPECT_EQ(cl.feed({S("_select"), ResBuf::entityName(0xFFFF)}), RTERROR);
     EXPECT_EQ(cl.printed.rfind("*Invalid selection*\n", 0), 0u) << cl.printed;
-    EXPECT_EQ(cl.feed({S("_select"), ResBuf::point3({1, 2, 0})}), RTERROR);
+    EXPECT_EQ(cl.feed({S("_select"), S("1,2,3,4")}), RTERROR);
+    EXPECT_EQ(cl.feed({S("_select"), S("_W"), S("1,x")}), RTERROR);
+    EXPECT_NE(cl.printed.find("Invalid point.\n"), std::string::npos) << cl.printed;
     EXPECT_TRUE(cl.processor.previousSelection().empty());
 }
 

@@ -56,10 +56,60 @@ TEST_F(HostBuiltins, SsgetAllWithFiltersOnTypeAndLayer) {
     EXPECT_EQ(run("(sslength (ssget \"X\" '((0 . \"line\") (8 . \"~Wand\"))))"), "1");
     EXPECT_EQ(run("(sslength (ssget \"X\" '((0 . \"CIRCLE,LINE\") (62 . 1))))"), "1");
     EXPECT_EQ(run("(ssget \"X\" '((8 . \"Dach\")))"), "nil");
-    EXPECT_EQ(run("(ssget \"X\" '((-4 . \"<OR\")))"), "ERR:bad SSGET list");
-    EXPECT_EQ(run("(ssget \"W\")"),
-              "ERR:ssget mode \"W\" is not available here; use \"X\" (all entities) or \"P\" (previous set)");
+    EXPECT_EQ(run("(ssget \"Z\")"),
+              "ERR:ssget mode \"Z\" is not known; use \"X\", \"P\", \"L\", \"W\", \"C\", \"F\", \"WP\", \"CP\" or \":S\"");
     EXPECT_EQ(run("(type ss)"), "PICKSET");
+}
+
+TEST_F(HostBuiltins, FilterOperatorsGroupAndCompare) {
+    auto count = [&](const std::string& filter) { return run("(if (setq s (ssget \"X\" '(" + filter + "))) (sslength s) 0)"); };
+    EXPECT_EQ(count("(-4 . \"<OR\") (62 . 1) (62 . 3) (-4 . \"OR>\")"), "2");
+    EXPECT_EQ(count("(-4 . \"<NOT\") (0 . \"LINE\") (-4 . \"NOT>\")"), "1");
+    EXPECT_EQ(count("(-4 . \"<AND\") (0 . \"LINE\") (-4 . \"<NOT\") (8 . \"Wand\") (-4 . \"NOT>\") (-4 . \"AND>\")"), "1");
+    EXPECT_EQ(count("(-4 . \"<XOR\") (8 . \"a*\") (0 . \"CIRCLE\") (-4 . \"XOR>\")"), "1");
+    EXPECT_EQ(count("(-4 . \">\") (40 . 2.0)"), "1");
+    EXPECT_EQ(count("(-4 . \"<=\") (40 . 2.0)"), "0");
+    EXPECT_EQ(count("(-4 . \"!=\") (62 . 1)"), "1");      // the circle has no colour group
+    EXPECT_EQ(count("(-4 . \"&\") (62 . 2)"), "1");       // 3 has bit 2, 1 has not
+    EXPECT_EQ(count("(-4 . \"&=\") (62 . 3)"), "1");
+    EXPECT_EQ(count("(-4 . \"*\") (62 . 0)"), "2");
+    EXPECT_EQ(count("(-4 . \">,<,*\") (10 0.5 3.0 9.0)"), "1");
+    EXPECT_EQ(count("(-4 . \">,>,*\") (10 0.5 3.0 9.0)"), "0");
+    EXPECT_EQ(count("(-4 . \"/=\") (8 . \"a-*\")"), "1");
+    // Unbalanced groups, wrong operand counts and unknown operators are refused.
+    for (const char* bad : {"(-4 . \"<OR\")", "(-4 . \"<OR\") (62 . 1)", "(62 . 1) (-4 . \"OR>\")",
+                            "(-4 . \"<NOT\") (62 . 1) (62 . 3) (-4 . \"NOT>\")",
+                            "(-4 . \"<XOR\") (62 . 1) (-4 . \"XOR>\")", "(-4 . \"<OR\") (-4 . \"OR>\")",
+                            "(-4 . \"~\") (62 . 1)", "(-4 . \">\")", "(-4 . 1) (62 . 1)",
+                            "(-4 . \"<AND\") (62 . 1) (-4 . \"OR>\")"})
+        EXPECT_EQ(count(bad), "ERR:bad SSGET list") << bad;
+}
+
+TEST_F(HostBuiltins, GeometricAndInteractiveModesAskTheHost) {
+    host.selected = std::vector<std::int64_t>{0x10, 0x12};
+    EXPECT_EQ(run("(sslength (ssget \"_W\" '(0 0) '(5 5 1)))"), "2");
+    EXPECT_EQ(host.selectMode, "W");
+    ASSERT_EQ(host.selectPoints.size(), 2u);
+    EXPECT_EQ(host.selectPoints[1], (ardo::Point3{5, 5, 1}));
+    // The filter applies to what the host found.
+    EXPECT_EQ(run("(sslength (ssget \"CP\" '((0 0) (1 0) (1 1)) '((62 . 3))))"), "1");
+    EXPECT_EQ(host.selectMode, "CP");
+    EXPECT_EQ(host.selectPoints.size(), 3u);
+    EXPECT_EQ(run("(sslength (ssget '(1 2)))"), "2");
+    EXPECT_EQ(host.selectMode, ".");
+    EXPECT_EQ(run("(sslength (ssget))"), "2");
+    EXPECT_EQ(host.selectMode, "");
+    EXPECT_EQ(run("(sslength (ssget \"_:S\" '((0 . \"LINE\"))))"), "2");
+    EXPECT_EQ(host.selectMode, ":S");
+    EXPECT_EQ(run("(ssname (ssget \"L\") 0)"), "<Entity name: 12>");
+    host.selected.reset();   // cancelled
+    EXPECT_EQ(run("(ssget)"), "nil");
+    host.selectMode = "untouched";
+    EXPECT_EQ(run("(ssget \"W\" '(0 0))"), "ERR:too few arguments");
+    EXPECT_EQ(run("(ssget \"C\" '(0 0) \"x\")"), "ERR:bad point argument: \"x\"");
+    EXPECT_EQ(run("(ssget \"F\" '((0 0) 7))"), "ERR:bad point argument: 7");
+    EXPECT_EQ(run("(ssget \"X\" nil nil)"), "ERR:too many arguments");
+    EXPECT_EQ(host.selectMode, "untouched");
 }
 
 TEST_F(HostBuiltins, PreviousSetAndSsaddSsdel) {
@@ -69,6 +119,8 @@ TEST_F(HostBuiltins, PreviousSetAndSsaddSsdel) {
     EXPECT_EQ(run("(sslength (ssadd (entnext) p))"), "3");
     EXPECT_EQ(run("(sslength (ssdel (entlast) p))"), "2");
     EXPECT_EQ(run("(ssdel (entlast) p)"), "nil");
+    EXPECT_EQ(run("(list (ssmemb (entlast) p) (ssmemb (entnext) p))"), "(nil <Entity name: 10>)");
+    EXPECT_EQ(run("(ssmemb p p)").rfind("ERR:bad argument type: lentityp <Selection set: ", 0), 0u);
     EXPECT_EQ(run("(list (sslength (ssadd)) (sslength (ssadd (entlast))))"), "(0 1)");
     EXPECT_EQ(run("(sslength 1)"), "ERR:bad argument type: lselsetp 1");
     // The host resolves RTPICKS tokens through the interpreter while the set lives.

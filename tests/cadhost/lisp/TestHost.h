@@ -93,7 +93,25 @@ public:
         return true;
     }
     std::vector<std::int64_t> previousSelection() override { return previous; }
+    // Made entities get ids from 0x100 on; a list without a type is refused.
+    std::int64_t entMake(const ardo::ResBufChain& groups) override {
+        if (groups.empty() || groups.front().restype != 0) return 0;
+        const std::int64_t id = 0x100 + static_cast<std::int64_t>(entities.size());
+        entities.push_back({id, groups});
+        return id;
+    }
+    std::optional<std::vector<std::int64_t>> selectEntities(const std::string& mode,
+                                                            const std::vector<ardo::Point3>& points) override {
+        selectMode = mode;
+        selectPoints = points;
+        return selected;
+    }
     const std::vector<std::filesystem::path>& supportPath() const override { return support; }
+
+    // What the last geometric or interactive ssget asked for, and what it finds.
+    std::string selectMode;
+    std::vector<ardo::Point3> selectPoints;
+    std::optional<std::vector<std::int64_t>> selected;
 
 private:
     static std::string toUpperName(std::string s) {

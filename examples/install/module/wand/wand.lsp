@@ -15,11 +15,6 @@
           args (cdr args)))
   text)
 
-;; ardo-cad's command processor has only the layer, selection and save commands, no LINE;
-;; any full CAD host has LINE.
-(defun wand:hatLinie ()
-  (/= (strcase (getvar "PRODUCT")) "ARDO-CAD"))
-
 ;; The wall layer of an object of type "Wand", made with the storey prefix.
 ;; Returns (state-bits decorated-name) or nil.
 (defun wand:layer (cmd objekt / info)
@@ -28,19 +23,27 @@
         ((Kemb_MakeLayer cmd (car info) 0 wand:geschoss))
         (T (princ (wand:text cmd "KeinLayer" (car info))) nil)))
 
+;; Draws one run of wall lines through the points on the layer, which becomes current; the
+;; LINE prompts are not echoed.
+(defun wand:linien (layer punkte / echo)
+  (setq echo (getvar "CMDECHO"))
+  (setvar "CMDECHO" 0)
+  (setvar "CLAYER" layer)
+  (command "_.LINE")
+  (foreach p punkte (command p))
+  (command "")
+  (setvar "CMDECHO" echo)
+  (princ (wand:text "WANDNEU" "Gezeichnet" layer)))
+
+;; The storey's walls: a 10 x 6 outline on the outer-wall layer and a partition on the
+;; inner-wall layer; the outer-wall layer stays current.
 (defun C:WANDNEU (/ aussen innen)
   (setq aussen (wand:layer "WANDNEU" "Aussenwand")
         innen (wand:layer "WANDNEU" "Innenwand"))
   (if innen (princ (wand:text "WANDNEU" "Fertig" (cadr innen))))
-  (if aussen
-    (progn
-      (setvar "CLAYER" (cadr aussen))
-      (princ (wand:text "WANDNEU" "Fertig" (cadr aussen)))
-      (if (wand:hatLinie)
-        (progn
-          (command "_.LINE" '(0.0 0.0) '(5.0 0.0) "")
-          (princ (wand:text "WANDNEU" "Gezeichnet" (cadr aussen))))
-        (princ (wand:text "WANDNEU" "OhneLinie" (cadr aussen))))))
+  (if aussen (princ (wand:text "WANDNEU" "Fertig" (cadr aussen))))
+  (if innen (wand:linien (cadr innen) '((4.0 0.0) (4.0 6.0))))
+  (if aussen (wand:linien (cadr aussen) '((0.0 0.0) (10.0 0.0) (10.0 6.0) (0.0 6.0) "_Close")))
   (princ))
 
 ;; Flips one state bit of the (undecorated) layer of key; a layer that is not in the drawing

@@ -1,0 +1,71 @@
+#include "cadhost/commands/NewEntity.h"
+
+#include <charconv>
+#include <iterator>
+
+#include "cadhost/commands/TypedInput.h"
+#include "base/CaseFold.h"
+
+namespace cadhost::commands {
+
+std::optional<ardo::Point3> pointInput(Drawing& drawing, const ardo::ResBuf& input) {
+    std::optional<ardo::Point3> p;
+    if (input.restype == ardo::RTPOINT || input.restype == ardo::RT3DPOINT) {
+        p = input.point;
+    } else if (input.restype == ardo::RTSTR) {
+        const auto last = drawing.getVar("LASTPOINT");
+        p = parsePoint(input.text, last ? last->point : ardo::Point3{});
+    }
+    if (p) drawing.setVar("LASTPOINT", ardo::ResBuf::point3(*p));
+    return p;
+}
+
+std::optional<double> distanceInput(Drawing& drawing, const ardo::ResBuf& input, const ardo::Point3& base) {
+    switch (input.restype) {
+        case ardo::RTREAL: return input.real;
+        case ardo::RTSHORT:
+        case ardo::RTLONG: return static_cast<double>(input.integer);
+        case ardo::RTSTR:
+            if (const auto number = parseReal(input.text)) return number;
+            break;
+        default: break;
+    }
+    if (const auto p = pointInput(drawing, input)) return distanceBetween(base, *p);
+    return std::nullopt;
+}
+
+std::string dxfNumber(double value) {
+    if (value == 0) value = 0;   // no "-0.0" in the file
+    // The shortest text that reads back as the same number; printf's is many times slower.
+    char text[40];
+    const auto end = std::to_chars(text, text + sizeof text - 2, value).ptr;
+    std::string out(text, end);
+    if (out.find_first_of(".eEn") == std::string::npos) out += ".0";
+    return out;
+}
+
+void appendPoint(std::vector<EntityTag>& tags, int code, const ardo::Point3& p) {
+    for (int i = 0; i < 3; ++i) tags.push_back({code + 10 * i, dxfNumber(p[static_cast<std::size_t>(i)])});
+}
+
+std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::string_view subclass,
+                                std::vector<EntityTag> data) {
+    // Old drawings have neither subclass markers nor lineweights.
+    const bool r12 = drawing.acadVersion() <= "AC1009";
+    std::vector<EntityTag> tags{{0, std::string(type)}};
+    if (!r12) tags.push_back({100, "AcDbEntity"});
+    const auto layer = drawing.getVar("CLAYER");
+    tags.push_back({8, layer ? layer->text : "0"});
+    if (const auto linetype = drawing.getVar("CELTYPE"); linetype && !linetype->text.empty() &&
+                                                          ardo::upperCase(linetype->text) != "BYLAYER")
+        tags.push_back({6, linetype->text});
+    if (const auto color = drawing.getVar("CECOLOR"); color && color->integer != 256)
+        tags.push_back({62, std::to_string(color->integer)});
+    if (const auto weight = drawing.getVar("CELWEIGHT"); !r12 && weight && weight->integer != -1)
+        tags.push_back({370, std::to_string(weight->integer)});
+    if (!r12) tags.push_back({100, std::string(subclass)});
+    tags.insert(tags.end(), std::make_move_iterator(data.begin()), std::make_move_iterator(data.end()));
+    return drawing.makeEntity(tags);
+}
+
+}  // namespace cadhost::commands

@@ -1,0 +1,30 @@
+#pragma once
+// What the drawing commands share: points from command-line input, and new entities of
+// model space with the current layer, colour, linetype and lineweight.
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cadhost/commands/TypedInput.h"
+#include "cadhost/drawing/Drawing.h"
+
+namespace cadhost::commands {
+
+// The point an input gives: a point token, or typed text ("x,y", "@dx,dy", "@d<a", ...)
+// read from LASTPOINT. An accepted point becomes LASTPOINT. Nothing for anything else.
+std::optional<ardo::Point3> pointInput(Drawing& drawing, const ardo::ResBuf& input);
+
+// A distance typed as a number, or given as a point whose distance from `base` counts.
+std::optional<double> distanceInput(Drawing& drawing, const ardo::ResBuf& input, const ardo::Point3& base);
+
+// Adds an entity with CLAYER, CECOLOR, CELTYPE and CELWEIGHT; `data` follows the entity's
+// subclass marker. The new entity, or nothing when the drawing refused it.
+std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::string_view subclass,
+                                std::vector<EntityTag> data);
+
+// Tags for a point: x, y and z under `code`, `code`+10 and `code`+20.
+void appendPoint(std::vector<EntityTag>& tags, int code, const ardo::Point3& p);
+std::string dxfNumber(double value);
+
+}  // namespace cadhost::commands
