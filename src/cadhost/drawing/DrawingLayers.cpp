@@ -212,8 +212,12 @@ const LayerRecord& Drawing::decodedLayer(RecordId id) const {
 DbStatus Drawing::forEachLayer(const std::function<bool(const LayerRecord&)>& visit) const {
     const Table* t = table("LAYER");
     if (!t) return DbStatus::NotInDatabase;
-    for (RecordId id : t->records)
-        if (!doc_.isErased(id) && !visit(decodedLayer(id))) break;
+    for (RecordId id : t->records) {
+        if (doc_.isErased(id)) continue;
+        // A copy: the visitor may change the drawing, and a listener read this layer anew.
+        const LayerRecord record = decodedLayer(id);
+        if (!visit(record)) break;
+    }
     return DbStatus::Ok;
 }
 
