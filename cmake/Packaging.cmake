@@ -2,16 +2,18 @@
 #
 # The module finds its files beside itself and ardo-cad finds the module beside its own
 # executable (symbolic links resolved), so program, module and read-only files share
-# /usr/lib/ardo and /usr/bin/ardo-cad is a link to it. Users' settings go to their homes:
-# the packaged Ardo_Sys.cfg names the user root ~/.config/ardo.
+# /usr/lib/ardo/program and /usr/bin/ardo-cad is a link to it. Users' settings go to their
+# homes: the packaged Ardo_Sys.cfg names the user root ~/.config/ardo.
 include(GNUInstallDirs)
 
 # Installing and packaging take the build as it is: cpack after the build (and the package
 # test after the CI build) must not start a second build of every target.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 
-# Not the multiarch library folder: the link in bin/ names lib/ardo.
-set(ARDO_PROGRAM_DIR lib/ardo)
+# Not the multiarch library folder: the link in bin/ names lib/ardo. A folder below it: the
+# module is no library of the system, and CPack adds ldconfig calls to the maintainer
+# scripts for a shared object in /usr/lib or one folder below it.
+set(ARDO_PROGRAM_DIR lib/ardo/program)
 set(ARDO_DOC_DIR ${CMAKE_INSTALL_DATADIR}/doc/ardo)
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
@@ -27,7 +29,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/packaging/Ardo_Sys.cfg DESTINATION ${ARDO_PR
 install(FILES ${CMAKE_BINARY_DIR}/ardo/help/ArdoArx.chm ${CMAKE_BINARY_DIR}/ardo/help/ArdoArx.top
         DESTINATION ${ARDO_PROGRAM_DIR}/help PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/packaging)
-file(CREATE_LINK ../lib/ardo/ardo-cad ${CMAKE_BINARY_DIR}/packaging/ardo-cad SYMBOLIC)
+file(CREATE_LINK ../${ARDO_PROGRAM_DIR}/ardo-cad ${CMAKE_BINARY_DIR}/packaging/ardo-cad SYMBOLIC)
 install(FILES ${CMAKE_BINARY_DIR}/packaging/ardo-cad DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 # Debian wants the man page and the changelog compressed without a time stamp.

@@ -66,9 +66,15 @@ char32_t lowerChar(char32_t c) {
     }
 }
 
-std::string lowerCase(std::string_view utf8) { return foldText(utf8, lowerChar); }
+// Lambdas, not the functions' addresses: each fold gets its own copy of foldText with the
+// letter rule inlined, which every symbol, variable and layer lookup pays for.
+std::string lowerCase(std::string_view utf8) {
+    return foldText(utf8, [](char32_t c) { return lowerChar(c); });
+}
 
-std::string upperCase(std::string_view utf8) { return foldText(utf8, upperChar); }
+std::string upperCase(std::string_view utf8) {
+    return foldText(utf8, [](char32_t c) { return upperChar(c); });
+}
 
 bool equalsNoCase(std::string_view a, std::string_view b) {
     size_t i = 0, j = 0;

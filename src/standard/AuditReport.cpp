@@ -30,11 +30,23 @@ int runExitStatus(const AuditRun& run) {
     return deviations ? 1 : 0;
 }
 
-namespace {
-
-std::string plural(size_t n, const char* one, const char* many) {
+std::string countOf(size_t n, const char* one, const char* many) {
     return std::to_string(n) + " " + (n == 1 ? one : many);
 }
+
+std::string drawingCounts(const AuditRun& run) {
+    size_t meeting = 0, deviating = 0, failed = 0;
+    for (const DrawingResult& r : run.drawings) {
+        if (!r.failure.empty()) ++failed;
+        else if (remainingDeviations(run, r) > 0) ++deviating;
+        else ++meeting;
+    }
+    return countOf(run.drawings.size(), "drawing", "drawings") + ": " +
+           countOf(meeting, "meets", "meet") + " the standard, " + countOf(deviating, "deviates", "deviate") + ", " +
+           std::to_string(failed) + " failed";
+}
+
+namespace {
 
 void appendDrawing(std::string& out, const AuditRun& run, const DrawingResult& r) {
     const DrawingAudit& a = r.audit;
@@ -46,10 +58,10 @@ void appendDrawing(std::string& out, const AuditRun& run, const DrawingResult& r
     if (a.meetsStandard()) {
         out += "meets the standard";
     } else {
-        out += plural(a.deviations.size(), "deviation", "deviations") + ", " +
-               plural(a.unnamed.size(), "layer without a key", "layers without a key");
+        out += countOf(a.deviations.size(), "deviation", "deviations") + ", " +
+               countOf(a.unnamed.size(), "layer without a key", "layers without a key");
     }
-    out += " (" + plural(a.missing.size(), "key", "keys") + " without a layer)\n";
+    out += " (" + countOf(a.missing.size(), "key", "keys") + " without a layer)\n";
     for (const LayerDeviation& d : a.deviations)
         out += "  " + d.layer + " [" + d.key + "] " + propertyName(d.property) + ": " + d.drawingValue +
                ", standard " + d.fileValue + (isResolved(run, r, d) ? " (fixed)" : "") + "\n";
@@ -70,21 +82,17 @@ void appendDrawing(std::string& out, const AuditRun& run, const DrawingResult& r
 
 std::string consoleSummary(const AuditRun& run) {
     std::string out;
-    size_t meeting = 0, deviating = 0, failed = 0, saved = 0;
+    size_t saved = 0;
     for (const DrawingResult& r : run.drawings) {
         appendDrawing(out, run, r);
-        if (!r.failure.empty()) ++failed;
-        else if (remainingDeviations(run, r) > 0) ++deviating;
-        else ++meeting;
         if (r.saved) ++saved;
     }
-    out += plural(run.drawings.size(), "drawing", "drawings") + ": " + std::to_string(meeting) +
-           " meet the standard, " + std::to_string(deviating) + " deviate, " + std::to_string(failed) + " failed";
+    out += drawingCounts(run);
     if (run.apply && !run.dryRun) out += ", " + std::to_string(saved) + " saved";
     if (run.dryRun) out += " (dry run: nothing saved)";
     out += "\n";
     const double perSecond = run.seconds > 0 ? static_cast<double>(run.drawings.size()) / run.seconds : 0;
-    out += format("%.2f s, %.1f drawings/s with ", run.seconds, perSecond) + plural(static_cast<size_t>(run.workers), "worker", "workers") + "\n";
+    out += format("%.2f s, %.1f drawings/s with ", run.seconds, perSecond) + countOf(static_cast<size_t>(run.workers), "worker", "workers") + "\n";
     return out;
 }
 

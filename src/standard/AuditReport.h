@@ -30,6 +30,11 @@ size_t remainingDeviations(const AuditRun& run, const DrawingResult& drawing);
 // 0 every drawing meets the standard, 1 deviations remain, 3 drawings failed.
 int runExitStatus(const AuditRun& run);
 
+// "1 drawing", "2 drawings": the count with the word in its number.
+std::string countOf(size_t n, const char* one, const char* many);
+// "4 drawings: 1 meets the standard, 2 deviate, 1 failed", verbs agreeing with the counts.
+std::string drawingCounts(const AuditRun& run);
+
 std::string consoleSummary(const AuditRun& run);
 std::string csvReport(const AuditRun& run);
 std::string htmlReport(const AuditRun& run);

@@ -4,7 +4,6 @@
 #include <set>
 
 #include "base/CaseFold.h"
-#include "base/Printf.h"
 #include "standard/AuditReport.h"
 #include "standard/RenameMap.h"
 
@@ -83,7 +82,7 @@ std::string badge(const AuditRun& run, const DrawingResult& r) {
     if (!r.failure.empty()) return "<span class=\"badge fail\">failed</span>";
     const size_t left = remainingDeviations(run, r);
     if (left == 0) return "<span class=\"badge ok\">meets the standard</span>";
-    return "<span class=\"badge bad\">" + std::to_string(left) + (left == 1 ? " finding" : " findings") + "</span>";
+    return "<span class=\"badge bad\">" + countOf(left, "finding", "findings") + "</span>";
 }
 
 void appendOverview(std::string& out, const AuditRun& run) {
@@ -172,8 +171,8 @@ void appendDrawing(std::string& out, const AuditRun& run, const DrawingResult& r
         out += "</tbody></table>\n";
     }
     if (!a.missing.empty()) {
-        out += "<details><summary>" + std::to_string(a.missing.size()) +
-               (a.missing.size() == 1 ? " key has" : " keys have") + " no layer in this drawing</summary>\n";
+        out += "<details><summary>" + countOf(a.missing.size(), "key has", "keys have") +
+               " no layer in this drawing</summary>\n";
         out += head({"Key", "Layer"});
         for (const MissingKey& m : a.missing) out += "<tr>" + cell(esc(m.key)) + cell(esc(m.layer)) + "</tr>\n";
         out += "</tbody></table></details>\n";
@@ -183,18 +182,12 @@ void appendDrawing(std::string& out, const AuditRun& run, const DrawingResult& r
 }  // namespace
 
 std::string htmlReport(const AuditRun& run) {
-    size_t meeting = 0, failed = 0;
-    for (const DrawingResult& r : run.drawings) {
-        if (!r.failure.empty()) ++failed;
-        else if (remainingDeviations(run, r) == 0) ++meeting;
-    }
     std::string out = "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\">\n"
                       "<title>Layer standard audit</title>\n<style>";
     out += kStyle;
     out += "</style></head><body>\n<h1>Layer standard audit</h1>\n";
-    out += format("<div class=\"meta\">%d drawings: %d meet the standard, %d deviate, %d failed%s</div>\n",
-                  run.drawings.size(), meeting, run.drawings.size() - meeting - failed, failed,
-                  run.dryRun ? " &middot; dry run, nothing saved" : run.apply ? " &middot; standard applied" : "");
+    out += "<div class=\"meta\">" + drawingCounts(run) +
+           (run.dryRun ? " &middot; dry run, nothing saved" : run.apply ? " &middot; standard applied" : "") + "</div>\n";
     appendOverview(out, run);
     out += "<h2>Drawings</h2>\n" + head({"Drawing", "Deviations", "Layers without a key", "Keys without a layer", "Result"});
     for (size_t i = 0; i < run.drawings.size(); ++i) {

@@ -20,22 +20,28 @@ for library in libc6 libstdc++6 libreadline; do
   [[ $depends == *"$library"* ]] || fail "Depends lacks $library"
 done
 
+# The module is no system library: no maintainer script runs ldconfig for it.
+dpkg-deb -e "$deb" "$scratch/control"
+for script in postinst postrm; do
+  [ ! -e "$scratch/control/$script" ] || fail "the package has a $script: $(cat "$scratch/control/$script")"
+done
+
 root=$scratch/root
 dpkg -x "$deb" "$root"
-for file in usr/bin/ardo-cad usr/lib/ardo/ardo-cad usr/lib/ardo/ardo.arx usr/lib/ardo/ardo.msg \
-            usr/lib/ardo/ardo.dlg usr/lib/ardo/Ardo_Sys.cfg usr/lib/ardo/DefaultIni/Ardo.ini \
+for file in usr/bin/ardo-cad usr/lib/ardo/program/ardo-cad usr/lib/ardo/program/ardo.arx usr/lib/ardo/program/ardo.msg \
+            usr/lib/ardo/program/ardo.dlg usr/lib/ardo/program/Ardo_Sys.cfg usr/lib/ardo/program/DefaultIni/Ardo.ini \
             usr/share/man/man1/ardo-cad.1.gz usr/share/doc/ardo/copyright usr/share/doc/ardo/lisp-reference.md \
             usr/share/applications/ardo-cad.desktop usr/share/icons/hicolor/scalable/apps/ardo-cad.svg; do
   [ -e "$root/$file" ] || fail "the package lacks /$file"
 done
 [ -L "$root/usr/bin/ardo-cad" ] || fail "/usr/bin/ardo-cad is no link to the program folder"
-[ ! -e "$root/usr/lib/ardo/Benutzer" ] || fail "the build tree's user folder was packaged"
+[ ! -e "$root/usr/lib/ardo/program/Benutzer" ] || fail "the build tree's user folder was packaged"
 
 # --version names the program, the unpacked module and the DXF versions.
 out=$("$root/usr/bin/ardo-cad" --version)
 echo "$out"
 [[ $out == *"ardo-cad $version"* ]] || fail "--version lacks the program version"
-[[ $out == *"module: $root/usr/lib/ardo/ardo.arx $version"* ]] || fail "--version lacks the unpacked module"
+[[ $out == *"module: $root/usr/lib/ardo/program/ardo.arx $version"* ]] || fail "--version lacks the unpacked module"
 [[ $out == *"DXF:"* ]] || fail "--version lacks the DXF versions"
 
 # One layer by key against the unpacked files; the user's settings land in the home.
@@ -56,5 +62,6 @@ if command -v lintian >/dev/null; then
   lintian --tag-display-limit 0 "$deb" >"$scratch/lintian.log" 2>&1 || true
   cat "$scratch/lintian.log"
   ! grep -q '^E:' "$scratch/lintian.log" || fail "lintian reports errors"
+  ! grep -q 'ldconfig' "$scratch/lintian.log" || fail "lintian finds ldconfig calls for the module"
 fi
 echo "package test passed: $(basename "$deb")"

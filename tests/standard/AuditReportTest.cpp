@@ -65,8 +65,26 @@ TEST(AuditReports, ConsoleSummaryCountsAndTimes) {
     EXPECT_NE(text.find("  Bestand, alt: no key names it; nearest A_BESTAND"), std::string::npos);
     EXPECT_NE(text.find("plans/c.dxf: meets the standard"), std::string::npos);
     EXPECT_NE(text.find("plans/d.dxf: Line 7: not a DXF file\n"), std::string::npos);
-    EXPECT_NE(text.find("4 drawings: 1 meet the standard, 2 deviate, 1 failed\n"), std::string::npos);
+    EXPECT_NE(text.find("4 drawings: 1 meets the standard, 2 deviate, 1 failed\n"), std::string::npos);
     EXPECT_NE(text.find("2.00 s, 2.0 drawings/s with 2 workers\n"), std::string::npos);
+}
+
+// Counts of one take the singular, in the summary line of the console and of the page alike.
+TEST(AuditReports, CountsOfOneAreSingular) {
+    AuditRun one = sampleRun();
+    one.drawings = {one.drawings[1]};   // one drawing with one deviation
+    EXPECT_EQ(drawingCounts(one), "1 drawing: 0 meet the standard, 1 deviates, 0 failed");
+    EXPECT_NE(consoleSummary(one).find("\n1 drawing: 0 meet the standard, 1 deviates, 0 failed\n"), std::string::npos);
+    const std::string html = htmlReport(one);
+    EXPECT_NE(html.find("<div class=\"meta\">1 drawing: 0 meet the standard, 1 deviates, 0 failed</div>"), std::string::npos);
+    EXPECT_EQ(html.find("1 drawings"), std::string::npos);
+    EXPECT_NE(html.find(">1 finding<"), std::string::npos);
+
+    AuditRun meeting = sampleRun();
+    meeting.drawings = {meeting.drawings[2], meeting.drawings[2]};
+    EXPECT_EQ(drawingCounts(meeting), "2 drawings: 2 meet the standard, 0 deviate, 0 failed");
+    meeting.drawings.pop_back();
+    EXPECT_EQ(drawingCounts(meeting), "1 drawing: 1 meets the standard, 0 deviate, 0 failed");
 }
 
 TEST(AuditReports, CsvHasOneQuotedRowPerFinding) {

@@ -153,7 +153,7 @@ ResBufChain Application::invoke(const LoadedModule* owner, int code, const std::
             app.currentModule_ = module;
         }
     } restore{*this, std::move(frame_), currentModule_};
-    frame_ = Frame{owner, code, args, {ResBuf::marker(ardo::RTNIL)}};
+    frame_ = Frame{owner, code, &args, {ResBuf::marker(ardo::RTNIL)}};
     if (ardo::LispHandler handler = functions_.handler(owner, code)) {
         currentModule_ = owner;
         handler();
@@ -177,7 +177,7 @@ int Application::getVar(Document& document, const std::string& name, ResBuf& val
     else if (variables_.holds(key)) found = variables_.get(key);
     else found = document.drawing().getVar(key);
     if (!found) return ardo::RTERROR;
-    value = *found;
+    value = std::move(*found);
     return ardo::RTNORM;
 }
 

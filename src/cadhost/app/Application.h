@@ -90,7 +90,7 @@ public:
     int getFunCode() const override { return frame_.code; }
     int queueExpr(const std::string& expression) override;
 
-    const ardo::ResBufChain& getArgs() const override { return frame_.args; }
+    const ardo::ResBufChain& getArgs() const override { return frame_.args ? *frame_.args : noArgs_; }
     int retNil() override { return setResult({ardo::ResBuf::marker(ardo::RTNIL)}); }
     int retT() override { return setResult({ardo::ResBuf::marker(ardo::RTT)}); }
     int retVoid() override { return setResult({ardo::ResBuf::marker(ardo::RTVOID)}); }
@@ -150,7 +150,7 @@ private:
     struct Frame {
         const LoadedModule* owner = nullptr;
         int code = -1;
-        ardo::ResBufChain args;
+        const ardo::ResBufChain* args = nullptr;   // the caller's, alive for the whole call
         ardo::ResBufChain result;
     };
 
@@ -167,6 +167,7 @@ private:
     Document* current_ = nullptr;
     std::vector<std::function<void()>> afterInput_;
     Frame frame_;
+    const ardo::ResBufChain noArgs_;
     const LoadedModule* currentModule_ = nullptr;
     bool quitRequested_ = false;
     ModuleLoader modules_;

@@ -70,11 +70,40 @@ void DocumentCommands::close(std::string_view which) {
         app_.printLine("No open drawing \"" + std::string(which) + "\".  DRAWINGS lists the open ones.");
         return;
     }
+    // The last drawing is not closed at all, so nothing need be asked about it.
+    if (app_.documents().size() > 1 && !settleChanges(*document)) return;
     if (auto closed = app_.closeDocument(*document); !closed) {
         app_.printLine(closed.error());
         return;
     }
     app_.printLine("Current drawing: " + app_.current().name());
+}
+
+bool DocumentCommands::settleChanges(Document& document) {
+    if (!document.drawing().hasUnsavedChanges()) return true;
+    const ardo::MbAnswer answer = app_.ui().messageBox("Save changes to " + document.path() + "?", "ardo-cad",
+                                                       ardo::MbButtons::YesNoCancel, ardo::MbIcon::Question);
+    if (answer == ardo::MbAnswer::No) return true;
+    if (answer != ardo::MbAnswer::Yes) {
+        app_.printLine("\"" + document.name() + "\" stays open.");
+        return false;
+    }
+    std::string path = document.path();
+    if (document.drawing().getVar("DWGPREFIX")->text.empty()) {
+        // Never saved: it needs a file name first, as SAVEAS asks for one.
+        const auto given = app_.ui().prompt("Save drawing as <" + path + ">: ");
+        if (!given) {
+            app_.printLine("\"" + document.name() + "\" has no file name yet and stays open; save it with SAVEAS.");
+            return false;
+        }
+        const std::string_view typed = ardo::trimWhite(*given);
+        if (!typed.empty()) path = typed;
+    }
+    if (const ardo::Status saved = document.drawing().save(path); !saved) {
+        app_.printLine(saved.error() + "  \"" + document.name() + "\" stays open.");
+        return false;
+    }
+    return true;
 }
 
 }  // namespace cadhost

@@ -3,7 +3,8 @@
 //   DRAWINGS          lists them, numbered, the current one marked with "*"
 //   SWITCH [which]    makes the drawing of that number or name current
 //   OPEN [file.dxf]   opens a drawing and makes it current
-//   CLOSE [which]     closes that drawing, the current one without an argument
+//   CLOSE [which]     closes that drawing, the current one without an argument; unsaved
+//                     changes are saved (Yes), given up (No) or the drawing stays (Cancel)
 // A command given without the argument it needs asks for it on the next line.
 #include <string>
 #include <string_view>
@@ -11,6 +12,7 @@
 namespace cadhost {
 
 class Application;
+class Document;
 
 class DocumentCommands {
 public:
@@ -29,6 +31,8 @@ private:
     void switchTo(std::string_view which);
     void open(std::string_view file);
     void close(std::string_view which);
+    // Asks whether to save the document's unsaved changes; false when it is to stay open.
+    bool settleChanges(Document& document);
 
     Application& app_;
     std::string waiting_;

@@ -75,7 +75,7 @@ const char* const kTrailer =
     "The folder of the module's command stub file; /tmp when unset.\n"
     ".SH FILES\n"
     ".TP\n"
-    ".I /usr/lib/ardo/\n"
+    ".I /usr/lib/ardo/program/\n"
     "The program folder: ardo.arx, its configuration, definition, message and dialog text files,\n"
     "Ardo_Sys.cfg, the default settings in DefaultIni/ and the object\\-type files in Objektarten/.\n"
     ".TP\n"

@@ -24,6 +24,7 @@ std::string foldName(std::string_view utf8) { return ardo::upperCase(utf8); }
 Drawing::Drawing() : Drawing(parseTemplate()) {
     index();
     path_ = "Drawing1.dxf";
+    savedChanges_ = doc_.changeCount();
 }
 
 Drawing::Drawing(DxfDocument doc) : doc_(std::move(doc)), form_(doc_.form()) {}
@@ -64,6 +65,7 @@ ardo::Result<Drawing> Drawing::load(std::string bytes, const std::string& path, 
         Drawing d(std::move(std::get<DxfDocument>(parsed)));
         d.index();
         d.setPath(path);
+        d.savedChanges_ = d.doc_.changeCount();
         return d;
     } catch (const std::bad_alloc&) {
         return ardo::Error{"Cannot open " + where + ": there is not enough memory for it. Close other programs and try again."};
@@ -262,6 +264,7 @@ ardo::Status Drawing::save(const std::string& path, DxfForm form) {
         return saved;
     }
     setPath(path);
+    savedChanges_ = doc_.changeCount();
     return {};
 }
 

@@ -79,6 +79,8 @@ public:
     // The file as save() writes it.
     std::string toDxf();
     DxfForm form() const { return form_; }
+    // Whether anything was changed since the drawing was read or last saved.
+    bool hasUnsavedChanges() const { return doc_.changeCount() != savedChanges_; }
 
     std::string_view acadVersion() const { return version_; }
 
@@ -121,10 +123,14 @@ public:
     // --- system variables -------------------------------------------------------------
     // "CLAYER", "TILEMODE", "CMDECHO", "CDATE", "LWUNITS", "LWDEFAULT", "LWDISPLAY", "LASTPOINT",
     // "PROGRAM", "CMDACTIVE", "FILEDIA", "DWGNAME", "DWGPREFIX", and every variable of the
-    // drawing's header by its name without "$". Nothing for unknown names.
+    // drawing's header by its name without "$". Nothing for unknown names. CECOLOR is
+    // text, as the common hosts give it: "BYLAYER", "BYBLOCK", "1" to "255",
+    // "RGB:255,128,0" or "BOOK$COLOR".
     std::optional<ardo::ResBuf> getVar(std::string_view name) const;
     // Header variables are written back into the header. CDATE, DWGNAME, DWGPREFIX,
     // PROGRAM and CMDACTIVE are read-only (InvalidInput); CLAYER must name a layer.
+    // CECOLOR takes the texts getVar gives (any case; "255,128,0" for a true colour too)
+    // and an index from 0 (BYBLOCK) to 256 (BYLAYER).
     ardo::DbStatus setVar(std::string_view name, const ardo::ResBuf& value);
     // For the command processor, which alone knows whether a command runs.
     void setCommandActive(int bits) { cmdActive_ = bits; }
@@ -234,14 +240,23 @@ private:
     RecordId addTableRecord(std::string_view table, std::vector<OwnedTag> tags);
     std::string tableHandle(std::string_view table) const;
     ardo::LayerRecord layerFromTags(std::span<const DxfTag> tags) const;
+    // The layer record at `id` as layerFromTags reads it, decoded once and again only after
+    // the record or the plot style names it refers to were edited.
+    const ardo::LayerRecord& decodedLayer(RecordId id) const;
     // Numbers of a layer record that are out of range are noted as an audit reports them.
     void auditLayerNumbers(std::span<const DxfTag> tags);
     ardo::DbStatus rewriteLayer(const ardo::LayerRecord& record);
     ardo::DbStatus announceLayerEdit(const std::string& layer, const std::function<ardo::DbStatus()>& edit);
     ardo::DbStatus storeLayerPlotStyle(const std::string& layer, const std::string& plotStyle);
     void dropTableRecord(std::string_view table, RecordId id);
+    // Takes the layer out of every viewport's frozen list, putting `into` in its place
+    // when given (once per list).
+    void replaceFrozenLayer(const std::string& layer, const std::optional<std::string>& into);
     bool entityUses(int code, std::string_view name) const;
     ardo::DbStatus storeVar(std::string_view name, const ardo::ResBuf& value);
+    ardo::DbStatus storeCurrentColor(const ardo::ResBuf& value);
+    // CLAYER, which every layer function of the module reads: decoded once per header edit.
+    const std::string& currentLayerName() const;
     template <class Announce>
     void announce(Announce announce) const {
         for (DrawingListener* listener : listeners_) announce(*listener);
@@ -281,6 +296,13 @@ private:
     mutable std::optional<std::optional<RecordId>> plotStyleDictionary_;
     std::unordered_map<std::string, Table> tables_;
     std::unordered_map<std::string, RecordId> layerByName_;      // folded name
+    struct DecodedLayer {
+        std::uint32_t revision = 0;          // of the layer record
+        RecordId styles = kNoRecord;         // the plot style dictionary read from
+        std::uint32_t stylesRevision = 0;
+        ardo::LayerRecord record;
+    };
+    mutable std::unordered_map<RecordId, DecodedLayer> decodedLayers_;
     std::unordered_map<Handle, RecordId> byHandle_;
     std::vector<Entity> entities_;
     std::vector<std::uint32_t> spaceEntities_;                   // model and paper space, file order
@@ -295,6 +317,14 @@ private:
     int cmdEcho_ = 1, fileDia_ = 1, cmdActive_ = 0, lwUnits_ = 1, lwDefault_ = 25;
     // The last point given at a prompt ("@"); the session's, as the file does not keep it.
     ardo::Point3 lastPoint_{};
+    // A true or colour-book current colour; the header's $CECOLOR holds only an index.
+    std::string currentColorBeyondIndex_;
+    std::uint64_t savedChanges_ = 0;   // the document's change count when read or saved
+    struct CurrentLayer {
+        std::uint32_t headerRevision = 0;
+        std::string name;
+    };
+    mutable std::optional<CurrentLayer> currentLayer_;
 };
 
 // A drawing read in recover mode and the repairs that made it readable.

@@ -37,15 +37,7 @@ DbStatus Drawing::mergeLayer(const std::string& from, const std::string& into) {
     for (const Block& b : blocks_)
         if (b.record != kNoRecord) relayer(b.record);
 
-    for (const Handle viewport : viewports()) {
-        std::vector<std::string> frozen = viewportFrozenLayers(viewport);
-        const auto old = std::find_if(frozen.begin(), frozen.end(), [&](const std::string& n) { return foldName(n) == oldKey; });
-        if (old == frozen.end()) continue;
-        frozen.erase(old);
-        const bool hasNew = std::any_of(frozen.begin(), frozen.end(), [&](const std::string& n) { return foldName(n) == foldName(intoName); });
-        if (!hasNew) frozen.push_back(intoName);
-        setViewportFrozenLayers(viewport, frozen);
-    }
+    replaceFrozenLayer(from, intoName);
     if (const auto current = getVar("CLAYER"); current && foldName(current->text) == oldKey)
         setVar("CLAYER", ardo::ResBuf::str(intoName));
 
@@ -54,6 +46,18 @@ DbStatus Drawing::mergeLayer(const std::string& from, const std::string& into) {
     Table& layers = tables_.at("LAYER");
     layers.records.erase(std::remove(layers.records.begin(), layers.records.end(), *fromId), layers.records.end());
     return DbStatus::Ok;
+}
+
+void Drawing::replaceFrozenLayer(const std::string& layer, const std::optional<std::string>& into) {
+    const auto isNamed = [](const std::string& name) {
+        return [key = foldName(name)](const std::string& n) { return foldName(n) == key; };
+    };
+    for (const Handle viewport : viewports()) {
+        std::vector<std::string> frozen = viewportFrozenLayers(viewport);
+        if (std::erase_if(frozen, isNamed(layer)) == 0) continue;
+        if (into && std::none_of(frozen.begin(), frozen.end(), isNamed(*into))) frozen.push_back(*into);
+        setViewportFrozenLayers(viewport, frozen);
+    }
 }
 
 }  // namespace cadhost

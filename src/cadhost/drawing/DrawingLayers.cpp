@@ -196,18 +196,35 @@ LayerRecord Drawing::layerFromTags(std::span<const DxfTag> tags) const {
     return r;
 }
 
+const LayerRecord& Drawing::decodedLayer(RecordId id) const {
+    // Edits of the record, of the dictionary that names its plot style, or a different
+    // dictionary all count; whoever made them, nothing stale is given out.
+    const auto styles = plotStyleDictionary();
+    const RecordId stylesId = styles.value_or(kNoRecord);
+    const std::uint32_t stylesRevision = styles ? doc_.revision(*styles) : 0;
+    auto [it, added] = decodedLayers_.try_emplace(id);
+    DecodedLayer& d = it->second;
+    if (added || d.revision != doc_.revision(id) || d.styles != stylesId || d.stylesRevision != stylesRevision)
+        d = {doc_.revision(id), stylesId, stylesRevision, layerFromTags(doc_.tags(id))};
+    return d.record;
+}
+
 DbStatus Drawing::forEachLayer(const std::function<bool(const LayerRecord&)>& visit) const {
     const Table* t = table("LAYER");
     if (!t) return DbStatus::NotInDatabase;
-    for (RecordId id : t->records)
-        if (!doc_.isErased(id) && !visit(layerFromTags(doc_.tags(id)))) break;
+    for (RecordId id : t->records) {
+        if (doc_.isErased(id)) continue;
+        // A copy: the visitor may change the drawing, and a listener read this layer anew.
+        const LayerRecord record = decodedLayer(id);
+        if (!visit(record)) break;
+    }
     return DbStatus::Ok;
 }
 
 std::optional<LayerRecord> Drawing::findLayer(const std::string& name) const {
     const auto id = findTableRecord("LAYER", name);
     if (!id) return std::nullopt;
-    return layerFromTags(doc_.tags(*id));
+    return decodedLayer(*id);
 }
 
 std::vector<OwnedTag> Drawing::layerTags(const LayerRecord& r) const {
@@ -288,7 +305,7 @@ DbStatus Drawing::updateLayer(const LayerRecord& record) {
 DbStatus Drawing::rewriteLayer(const LayerRecord& given) {
     const auto id = findTableRecord("LAYER", given.name);
     if (!id) return DbStatus::KeyNotFound;
-    const LayerRecord old = layerFromTags(doc_.tags(*id));
+    const LayerRecord old = decodedLayer(*id);
     LayerRecord record = given;
     if (const DbStatus accepted = acceptLayerValues(record, &old); accepted != DbStatus::Ok) return accepted;
     std::vector<OwnedTag> tags = doc_.copyTags(*id);
@@ -364,6 +381,8 @@ DbStatus Drawing::eraseLayer(const std::string& name) {
     const std::string key = foldName(held);
     if (key == "0" || key == "DEFPOINTS" || (current && foldName(current->text) == key) || entityUses(8, held))
         return DbStatus::InvalidInput;
+    // No viewport may keep a frozen entry that names no layer.
+    replaceFrozenLayer(held, std::nullopt);
     layerByName_.erase(key);
     dropTableRecord("LAYER", *id);
     announce([&](DrawingListener& l) { l.layerChanged(Change::Erased, held); });

@@ -1,7 +1,9 @@
 // System variables: the drawing's header where DXF keeps them, the rest in memory.
 #include <chrono>
 #include <ctime>
+#include <variant>
 
+#include "base/CaseFold.h"
 #include "base/Utf8.h"
 #include "cadhost/drawing/Drawing.h"
 #include "cadhost/dxf/GroupCode.h"
@@ -38,6 +40,37 @@ std::string fileNameOf(const std::string& path) {
 
 bool isInteger(const ResBuf& v) { return v.restype == ardo::RTSHORT || v.restype == ardo::RTLONG; }
 
+// $CECOLOR's index: 0 BYBLOCK, 256 BYLAYER.
+constexpr long long kByBlock = 0, kByLayer = 256;
+
+// A current colour as text: an index (from a name or digits), or the canonical text of a
+// true colour ("RGB:r,g,b", also given without "RGB:") or of a colour-book colour.
+std::variant<long long, std::string, std::monostate> currentColorOf(std::string_view given) {
+    const std::string text(ardo::trimWhite(given));
+    const std::string upper = ardo::upperCase(text);
+    if (upper == "BYLAYER") return kByLayer;
+    if (upper == "BYBLOCK") return kByBlock;
+    // 0 and 256 as the COLOR command takes them.
+    if (const auto index = toIntegerWithin(text, kByBlock, kByLayer); index && text.find('.') == std::string::npos)
+        return *index;
+    if (const auto dollar = text.find('$'); dollar != std::string::npos) {
+        if (dollar == 0 || dollar + 1 == text.size()) return std::monostate{};
+        return text;
+    }
+    std::string_view rgb = text;
+    if (upper.starts_with("RGB:")) rgb.remove_prefix(4);
+    std::string canonical = "RGB:";
+    for (int part = 0; part < 3; ++part) {
+        const auto comma = rgb.find(',');
+        if ((comma == std::string_view::npos) != (part == 2)) return std::monostate{};
+        const auto value = toIntegerWithin(ardo::trimWhite(rgb.substr(0, comma)), 0, 255);
+        if (!value) return std::monostate{};
+        canonical += (part ? "," : "") + std::to_string(*value);
+        rgb.remove_prefix(comma == std::string_view::npos ? rgb.size() : comma + 1);
+    }
+    return canonical;
+}
+
 }  // namespace
 
 std::optional<std::span<const DxfTag>> Drawing::headerVar(std::string_view name) const {
@@ -63,7 +96,18 @@ bool Drawing::setHeaderVar(std::string_view name, std::vector<OwnedTag> values) 
     return true;
 }
 
+const std::string& Drawing::currentLayerName() const {
+    const std::uint32_t revision = header_ == kNoRecord ? 0 : doc_.revision(header_);
+    if (!currentLayer_ || currentLayer_->headerRevision != revision) {
+        const auto tags = headerVar("$CLAYER");
+        // Older formats may not keep it: layer "0" is current then.
+        currentLayer_ = CurrentLayer{revision, tags && tags->size() > 1 ? text((*tags)[1].value) : std::string("0")};
+    }
+    return currentLayer_->name;
+}
+
 std::optional<ResBuf> Drawing::getVar(std::string_view name) const {
+    if (ardo::equalsNoCase(name, "CLAYER")) return ResBuf::str(currentLayerName());
     const std::string key = foldName(name);
     if (key == "CDATE") return ResBuf::realNum(currentDate());
     if (key == "PROGRAM") return ResBuf::str("ardo-cad");
@@ -76,9 +120,13 @@ std::optional<ResBuf> Drawing::getVar(std::string_view name) const {
     if (key == "LWDEFAULT") return ResBuf::shortInt(lwDefault_);
     if (key == "LASTPOINT") return ResBuf::point3(lastPoint_);
     const auto tags = headerVar("$" + key);
+    if (key == "CECOLOR") {
+        if (!currentColorBeyondIndex_.empty()) return ResBuf::str(currentColorBeyondIndex_);
+        const long long index = tags && tags->size() > 1 ? toInteger((*tags)[1].value, kByLayer) : kByLayer;
+        return ResBuf::str(index == kByLayer ? "BYLAYER" : index == kByBlock ? "BYBLOCK" : std::to_string(index));
+    }
     if (!tags || tags->size() < 2) {
         // Defaults of variables older formats do not keep.
-        if (key == "CLAYER") return ResBuf::str("0");
         if (key == "TILEMODE") return ResBuf::shortInt(1);
         if (key == "LWDISPLAY") return ResBuf::shortInt(0);
         return std::nullopt;
@@ -123,6 +171,7 @@ DbStatus Drawing::storeVar(std::string_view name, const ResBuf& value) {
     }
     // No value of a system variable holds a line break or another control character.
     if (value.restype == ardo::RTSTR && ardo::hasControlCharacter(value.text)) return DbStatus::InvalidInput;
+    if (key == "CECOLOR") return storeCurrentColor(value);
     std::string text = value.text;
     if (key == "CLAYER") {
         const auto layer = value.restype == ardo::RTSTR ? findLayer(value.text) : std::nullopt;
@@ -149,6 +198,22 @@ DbStatus Drawing::storeVar(std::string_view name, const ResBuf& value) {
         values.push_back({code, std::to_string(value.integer)});
     }
     setHeaderVar("$" + key, std::move(values));
+    return DbStatus::Ok;
+}
+
+DbStatus Drawing::storeCurrentColor(const ResBuf& value) {
+    std::variant<long long, std::string, std::monostate> color = std::monostate{};
+    if (isInteger(value) && value.integer >= kByBlock && value.integer <= kByLayer) color = value.integer;
+    if (value.restype == ardo::RTSTR) color = currentColorOf(value.text);
+    if (std::holds_alternative<std::monostate>(color)) return DbStatus::InvalidInput;
+    if (const auto* text = std::get_if<std::string>(&color)) {
+        currentColorBeyondIndex_ = *text;
+        return DbStatus::Ok;
+    }
+    const auto tags = headerVar("$CECOLOR");
+    if (!tags || tags->size() < 2) return DbStatus::KeyNotFound;
+    setHeaderVar("$CECOLOR", {{(*tags)[1].code, std::to_string(std::get<long long>(color))}});
+    currentColorBeyondIndex_.clear();
     return DbStatus::Ok;
 }
 

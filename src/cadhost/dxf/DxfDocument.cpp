@@ -70,6 +70,8 @@ std::unique_ptr<DxfDocument::Edited> DxfDocument::makeEdited(std::vector<OwnedTa
 
 void DxfDocument::replace(RecordId id, std::vector<OwnedTag> tags) {
     records_[id].edited = makeEdited(std::move(tags));
+    ++records_[id].revision;
+    ++changes_;
 }
 
 RecordId DxfDocument::insertBefore(RecordId before, std::vector<OwnedTag> tags) {
@@ -84,6 +86,7 @@ RecordId DxfDocument::insertBefore(RecordId before, std::vector<OwnedTag> tags) 
     else
         records_[records_[id].prev].next = id;
     records_[before].prev = id;
+    ++changes_;
     return id;
 }
 
@@ -99,10 +102,15 @@ RecordId DxfDocument::append(std::vector<OwnedTag> tags) {
         first_ = id;
     else
         records_[last].next = id;
+    ++changes_;
     return id;
 }
 
-void DxfDocument::erase(RecordId id) { records_[id].erased = true; }
+void DxfDocument::erase(RecordId id) {
+    records_[id].erased = true;
+    ++records_[id].revision;
+    ++changes_;
+}
 
 template <class Tag>
 void DxfDocument::appendTags(std::string& out, std::span<const Tag> tags, DxfForm form, bool oneByteCodes) const {

@@ -70,6 +70,12 @@ public:
     RecordId append(std::vector<OwnedTag> tags);
     void erase(RecordId id);
     bool isErased(RecordId id) const { return records_[id].erased; }
+    // How often the record was replaced or erased: what was read from it is still true
+    // while this stays the same (ids are never used twice).
+    std::uint32_t revision(RecordId id) const { return records_[id].revision; }
+    // Every replace, insertion and erasure counts: unchanged since a moment while this
+    // stays the same.
+    std::uint64_t changeCount() const { return changes_; }
 
     // Line ending of the file ("\r\n" or "\n"); new records are written with it.
     std::string_view lineEnding() const { return crlf_ ? "\r\n" : "\n"; }
@@ -97,6 +103,7 @@ private:
         std::uint32_t line = 0, tagCount = 0;    // line of the first tag
         RecordId prev = kNoRecord, next = kNoRecord;
         bool erased = false;
+        std::uint32_t revision = 0;
         std::unique_ptr<Edited> edited;
         mutable std::unique_ptr<std::vector<DxfTag>> parsed;
     };
@@ -122,6 +129,7 @@ private:
     bool padCodes_ = true;        // group codes right-aligned in three columns, as most writers do
     std::uint32_t lastLine_ = 0;   // number of the file's last line
     std::vector<DxfRepair> repairs_;
+    std::uint64_t changes_ = 0;
 };
 
 }  // namespace cadhost

@@ -97,5 +97,44 @@ TEST(Saving, ReplacesTheFileAndReportsFailures) {
     EXPECT_NE(openError.error().find("missing.dxf"), std::string::npos);
 }
 
+// CECOLOR as the common hosts keep it: text in, text out, an index in the file's header.
+TEST(SystemVariables, CurrentColourTakesTheTextsOfTheCommonHosts) {
+    Drawing d;
+    EXPECT_EQ(*d.getVar("CECOLOR"), ResBuf::str("BYLAYER"));
+    const std::vector<std::pair<ResBuf, std::string>> accepted{
+        {ResBuf::str("1"), "1"},
+        {ResBuf::str("byblock"), "BYBLOCK"},
+        {ResBuf::str(" 255 "), "255"},
+        {ResBuf::str("255,128,0"), "RGB:255,128,0"},
+        {ResBuf::str("rgb:0, 0 ,7"), "RGB:0,0,7"},
+        {ResBuf::str("RAL CLASSIC$RAL 1000"), "RAL CLASSIC$RAL 1000"},
+        {ResBuf::shortInt(7), "7"},
+        {ResBuf::shortInt(0), "BYBLOCK"},
+        {ResBuf::str("0"), "BYBLOCK"},
+        {ResBuf::str("256"), "BYLAYER"},
+        {ResBuf::str("5"), "5"},
+        {ResBuf::str("ByLayer"), "BYLAYER"},
+    };
+    for (const auto& [given, expected] : accepted) {
+        EXPECT_EQ(d.setVar("CECOLOR", given), DbStatus::Ok) << expected;
+        EXPECT_EQ(*d.getVar("cecolor"), ResBuf::str(expected));
+    }
+    for (const ResBuf& refused : {ResBuf::str("257"), ResBuf::str("-1"), ResBuf::str("1.5"), ResBuf::str("red"),
+                                  ResBuf::str("256,0,0"), ResBuf::str("1,2"), ResBuf::str("1,2,3,4"),
+                                  ResBuf::str("$RAL 1000"), ResBuf::str(""), ResBuf::shortInt(257),
+                                  ResBuf::realNum(1.0)}) {
+        EXPECT_EQ(d.setVar("CECOLOR", refused), DbStatus::InvalidInput) << refused.text;
+        EXPECT_EQ(*d.getVar("CECOLOR"), ResBuf::str("BYLAYER"));
+    }
+
+    // An index goes into the header; a true colour replaces it for the session.
+    ASSERT_EQ(d.setVar("CECOLOR", ResBuf::str("3")), DbStatus::Ok);
+    EXPECT_EQ(*test::parseOrFail(d.toDxf()).getVar("CECOLOR"), ResBuf::str("3"));
+    ASSERT_EQ(d.setVar("CECOLOR", ResBuf::str("10,20,30")), DbStatus::Ok);
+    EXPECT_EQ(*d.getVar("CECOLOR"), ResBuf::str("RGB:10,20,30"));
+    ASSERT_EQ(d.setVar("CECOLOR", ResBuf::str("BYBLOCK")), DbStatus::Ok);
+    EXPECT_EQ(*test::parseOrFail(d.toDxf()).getVar("CECOLOR"), ResBuf::str("BYBLOCK"));
+}
+
 }  // namespace
 }  // namespace cadhost
