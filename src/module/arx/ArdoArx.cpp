@@ -1,6 +1,7 @@
 // The exports of ardo.arx: the entry point the host sends its application messages to.
 #include <dlfcn.h>
 
+#include "dialog/LayerDialogRun.h"
 #include "module/ModuleEntry.h"
 #include "standard/LayerStandardRun.h"
 #include "settings/ModuleFiles.h"
@@ -14,7 +15,10 @@ void rememberModulePath() {
         ardo::moduleFiles().modulePath = info.dli_fname;
 }
 
-__attribute__((constructor)) void attachProcess() { rememberModulePath(); }
+__attribute__((constructor)) void attachProcess() {
+    rememberModulePath();
+    ardo::installLayerDialogHandlers();
+}
 
 }  // namespace
 
