@@ -20,6 +20,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "ui/UiTexts.h"
 #include "base/CaseFold.h"
 #include "base/Printf.h"
 #include "dialog/DialogHelp.h"
@@ -39,9 +40,6 @@
 namespace ardo {
 
 namespace {
-
-QString qText(const std::string& utf8) { return QString::fromStdString(utf8); }
-QString qCatalog(MsgKey key) { return qText(catalogText(key)); }
 
 MsgKey titleOfMode(int mode) {
     switch (mode) {
@@ -155,14 +153,7 @@ cDlgLayer::cDlgLayer(LayerDialogSession& session, const LayerDialogCall& call, Q
 
     auto* bottom = new QHBoxLayout;
     if (session_.mode() == layermode::kObject) bottom->addWidget(new QCheckBox(qCatalog(MsgKey::RsChkStoreAsDefault)));
-    auto* buttons = new QDialogButtonBox;
-    buttons->addButton(qCatalog(MsgKey::RsBtnOk), QDialogButtonBox::AcceptRole)->setObjectName("ok");
-    buttons->addButton(qCatalog(MsgKey::RsBtnCancel), QDialogButtonBox::RejectRole)->setObjectName("cancel");
-    buttons->addButton(qCatalog(MsgKey::RsBtnHelp), QDialogButtonBox::HelpRole)->setObjectName("help");
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(buttons, &QDialogButtonBox::helpRequested, this, [this] { showHelpTopic(helpTopicOfMode(session_.mode())); });
-    bottom->addWidget(buttons, 1);
+    bottom->addWidget(okCancelHelpButtons(this, helpTopicOfMode(session_.mode())), 1);
     layout->addLayout(bottom);
 
     refill();

@@ -9,14 +9,13 @@
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
+#include "ui/UiTexts.h"
 #include "dialog/DialogHelp.h"
 #include "messages/MessageCatalog.h"
 
 namespace ardo {
 
 namespace {
-
-QString qCatalog(MsgKey key) { return QString::fromStdString(catalogText(key)); }
 
 constexpr int kSampleWidth = 60;
 constexpr int kRowHeight = 20;
@@ -68,13 +67,7 @@ cDlgLineWeight::cDlgLineWeight(int lineweight, QWidget* parent) : QDialog(parent
     facts->addRow(qCatalog(MsgKey::RsLwUnitTxt), unit_);
     facts->addRow(qCatalog(MsgKey::RsLwDispTxt), display_);
 
-    auto* box = new QDialogButtonBox;
-    box->addButton(qCatalog(MsgKey::RsBtnOk), QDialogButtonBox::AcceptRole);
-    box->addButton(qCatalog(MsgKey::RsBtnCancel), QDialogButtonBox::RejectRole);
-    box->addButton(qCatalog(MsgKey::RsBtnHelp), QDialogButtonBox::HelpRole);
-    connect(box, &QDialogButtonBox::accepted, this, &cDlgLineWeight::accept);
-    connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(box, &QDialogButtonBox::helpRequested, this, [] { showHelpTopic("LayerLineWeights"); });
+    QDialogButtonBox* box = okCancelHelpButtons(this, "LayerLineWeights");
     connect(list_, &QListWidget::itemDoubleClicked, this, &cDlgLineWeight::accept);
 
     auto* layout = new QVBoxLayout(this);

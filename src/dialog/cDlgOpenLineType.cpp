@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 
+#include "ui/UiTexts.h"
 #include "dialog/DialogHelp.h"
 #include "dialog/LinetypeList.h"
 #include "messages/MessageCatalog.h"
@@ -12,8 +13,6 @@
 namespace ardo {
 
 namespace {
-
-QString qCatalog(MsgKey key) { return QString::fromStdString(catalogText(key)); }
 
 constexpr int kNameWidth = 120;
 constexpr int kDescriptionWidth = 320;

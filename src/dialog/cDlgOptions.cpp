@@ -10,6 +10,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "ui/UiTexts.h"
 #include "dialog/DialogHelp.h"
 #include "dialog/DialogIcons.h"
 #include "dialog/cListControl.h"
@@ -18,8 +19,6 @@
 namespace ardo {
 
 namespace {
-
-QString qCatalog(MsgKey key) { return QString::fromStdString(catalogText(key)); }
 
 QString headerOf(char c) {
     LayerColumn column;
@@ -88,13 +87,7 @@ cDlgOptions::cDlgOptions(LayerDialogSettings& settings, QWidget* parent)
     mark_->setChecked(settings_.markLayers);
     markingLayout->addWidget(mark_);
 
-    auto* box = new QDialogButtonBox;
-    box->addButton(qCatalog(MsgKey::RsBtnOk), QDialogButtonBox::AcceptRole);
-    box->addButton(qCatalog(MsgKey::RsBtnCancel), QDialogButtonBox::RejectRole);
-    box->addButton(qCatalog(MsgKey::RsBtnHelp), QDialogButtonBox::HelpRole);
-    connect(box, &QDialogButtonBox::accepted, this, &cDlgOptions::accept);
-    connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(box, &QDialogButtonBox::helpRequested, this, [] { showHelpTopic("LayerOptions"); });
+    QDialogButtonBox* box = okCancelHelpButtons(this, "LayerOptions");
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(columns, 1);

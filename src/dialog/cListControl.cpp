@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "ui/UiTexts.h"
 #include "base/CaseFold.h"
 #include "dialog/LayerCellValue.h"
 #include "dialog/LayerViews.h"
@@ -9,12 +10,6 @@
 #include "module/HostBinding.h"
 
 namespace ardo {
-
-namespace {
-
-QString qText(const std::string& utf8) { return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())); }
-
-}  // namespace
 
 std::string columnHeaderText(LayerColumn column) {
     switch (column) {

@@ -4,13 +4,12 @@
 #include <QPainter>
 #include <QScreen>
 
+#include "ui/UiTexts.h"
 #include "messages/MessageCatalog.h"
 
 namespace ardo {
 
 namespace {
-
-QString qCatalog(MsgKey key) { return QString::fromStdString(catalogText(key)); }
 
 constexpr int kLineStep = 17;
 constexpr int kTextLeft = 22;

@@ -108,5 +108,17 @@ TEST(LayerDialogE2e, EditLayersRenamesSavesAndRegenerates) {
         ASSERT_TRUE(at > 0 && bytes[at - 1] == '\r') << "a bare line feed at " << at;
 }
 
+TEST(LayerDialogE2e, WithoutADisplayTheDialogsSaySoAndGiveTheErrorOutcome) {
+    const Installation install;
+    const RunResult r = install.run({"-e", "(kemb_ArdoIniDialog \"T\")", "-e", "(kemb_layerDialog \"T\" \"O\" \"A\" \".\")",
+                                     "-e", "(c:Kemb_EditLayers)"},
+                                    "", {{"DISPLAY", ""}, {"WAYLAND_DISPLAY", ""}, {"QT_QPA_PLATFORM", ""}});
+    EXPECT_EQ(r.exitCode, 0) << r.output;
+    EXPECT_NE(r.output.find("kemb_ArdoIniDialog: ohne Anzeige kann kein Dialog ge"), std::string::npos) << r.output;
+    EXPECT_NE(r.output.find("(\"\" \"\" -1)"), std::string::npos) << r.output;
+    EXPECT_NE(r.output.find("(\"\" \"\" 0 -1 0)"), std::string::npos) << r.output;
+    EXPECT_NE(r.output.find("Kemb_EditLayers: ohne Anzeige"), std::string::npos) << r.output;
+}
+
 }  // namespace
 }  // namespace ardo::e2e
