@@ -16,6 +16,7 @@
 #include "dialog/LayerDialogSession.h"
 #include "dialog/LayerViews.h"
 #include "dialog/cDlgLayer.h"
+#include "dialog/cListControl.h"
 #include "support/QuietHost.h"
 
 namespace {

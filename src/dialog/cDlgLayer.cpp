@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -152,7 +151,6 @@ cDlgLayer::cDlgLayer(LayerDialogSession& session, const LayerDialogCall& call, Q
     });
 
     auto* bottom = new QHBoxLayout;
-    if (session_.mode() == layermode::kObject) bottom->addWidget(new QCheckBox(qCatalog(MsgKey::RsChkStoreAsDefault)));
     bottom->addWidget(okCancelHelpButtons(this, helpTopicOfMode(session_.mode())), 1);
     layout->addLayout(bottom);
 
