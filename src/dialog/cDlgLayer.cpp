@@ -411,10 +411,31 @@ std::string cDlgLayer::askSavePath() {
 
 bool cDlgLayer::saveFile(bool askPath) {
     const std::string path = askPath || session_.path().empty() ? askSavePath() : session_.path();
+    const ChosenRow chosen = chosenRow();
     if (path.empty() || !session_.save(path)) return false;
     if (askPath) host().print(format("\n%s '%s'\n", catalogText(MsgKey::TxArdoLayerSavedAs), path));
-    refill();
+    refillAfterReload(chosen);
     return true;
+}
+
+cDlgLayer::ChosenRow cDlgLayer::chosenRow() const {
+    const LayerEntry* e = chosenEntry();
+    return e ? ChosenRow{e->key, e->name} : ChosenRow{};
+}
+
+void cDlgLayer::refillAfterReload(const ChosenRow& chosen) {
+    // Saving reads the file again: the rows' entries are new, so the choice is found again
+    // by key, or by name for a layer only in the drawing.
+    table_->clearSelection();
+    refill();
+    if (chosen.key.empty() && chosen.name.empty()) return;
+    for (int row = 0; row < model_->rowCount(); ++row) {
+        const LayerEntry* e = model_->entryAt(row);
+        if (chosen.key.empty() ? e->key.empty() && equalsNoCase(e->name, chosen.name) : equalsNoCase(e->key, chosen.key)) {
+            table_->selectRow(row);
+            return;
+        }
+    }
 }
 
 void cDlgLayer::search(const QString& text) {
@@ -544,10 +565,13 @@ void cDlgLayer::showLayerTip(int row) {
 void cDlgLayer::done(int result) {
     if (closing_) return;
     if (cellEdit_) commitCellEdit();
+    const ChosenRow chosen = chosenRow();
     if (!session_.confirmClose([this] { return askSavePath(); })) return;
+    // Kept before the refill puts the stored column widths back.
+    storeGeometry();
+    refillAfterReload(chosen);
     closing_ = true;
     if (timer_) killTimer(timer_);
-    storeGeometry();
     QDialog::done(result);
 }
 

@@ -81,6 +81,13 @@ private:
     void deleteSelected();
     void openFile();
     bool saveFile(bool askPath);
+    // Key and name of the chosen row, to find it again after the entries were read anew.
+    struct ChosenRow {
+        std::string key;
+        std::string name;
+    };
+    ChosenRow chosenRow() const;
+    void refillAfterReload(const ChosenRow& chosen);
     std::string askSavePath();
 
     LayerDialogSession& session_;

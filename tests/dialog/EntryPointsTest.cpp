@@ -5,7 +5,10 @@
 #include <QApplication>
 #include <QTableView>
 #include <QTimer>
+#include <QAction>
+#include <fstream>
 #include <functional>
+#include <sstream>
 
 #include "cadhost/drawing/Drawing.h"
 #include "dialog/GuiApplication.h"
@@ -112,6 +115,33 @@ TEST_F(EntryPointsTest, TheObjectDialogCreatesTheChosenLayerWhenAsked) {
     ASSERT_TRUE(layer);
     EXPECT_EQ(layer->color, HostColor::fromIndex(3));
     EXPECT_EQ(moduleSettings().layerDialog.viewModeObjs, 3) << "the view is stored for the mode";
+}
+
+TEST_F(EntryPointsTest, SavingOnClosingKeepsTheChosenEntry) {
+    std::ifstream example(std::string(ARDO_SOURCE_DIR) + "/examples/install/DefaultIni/Ardo.ini", std::ios::binary);
+    std::stringstream bytes;
+    bytes << example.rdbuf();
+    const std::string copy = tmp.write("Ardo.ini", bytes.str());
+    moduleSettings().layerDialog.ardoLayerFile = copy;
+    host.chosenColors.push_back(HostColor::fromIndex(5));
+    host.answers = {MbAnswer::Yes};   // save the changes on closing
+    QTimer::singleShot(0, [] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        auto* table = dialog->findChild<QTableView*>("layerList");
+        for (int row = 0; row < table->model()->rowCount(); ++row)
+            if (table->model()->index(row, 0).data().toString() == "A_DECKE") table->selectRow(row);
+        for (QAction* action : dialog->findChildren<QAction*>())
+            if (action->text() == "Farbe ...") action->trigger();
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    EXPECT_EQ(call(handlers::kemb_ArdoIniDialog, {ResBuf::str("T")}), "(\"A_DECKE\" \"A-Decken\" 1)");
+    ASSERT_FALSE(host.boxes.empty());
+    EXPECT_EQ(host.boxes.back().buttons, MbButtons::YesNoCancel);
+    std::ifstream saved(copy, std::ios::binary);
+    std::stringstream written;
+    written << saved.rdbuf();
+    EXPECT_NE(written.str().find("A_DECKE=A-Decken,5,Continuous"), std::string::npos);
 }
 
 TEST_F(EntryPointsTest, EditLayersReturnsNothing) {
