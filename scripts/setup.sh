@@ -8,6 +8,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   libreadline-dev qt6-base-dev libchm-dev
   python3 python3-ezdxf librecad xvfb xauth chromium
+  poppler-utils xdotool imagemagick
   dpkg-dev lintian man-db
 )
 

@@ -39,4 +39,10 @@ std::optional<CommandEntry> findCommand(std::string_view typed) {
     return std::nullopt;
 }
 
+std::vector<std::string_view> commandNames() {
+    std::vector<std::string_view> names;
+    for (const CommandEntry& entry : kCommands) names.push_back(entry.name);
+    return names;
+}
+
 }  // namespace cadhost::commands

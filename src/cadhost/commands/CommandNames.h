@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cadhost/commands/Command.h"
 
@@ -17,5 +18,7 @@ struct CommandEntry {
 // "-" before a name asks for the command-line form, which is the only form here.
 std::string commandKey(std::string_view typed);
 std::optional<CommandEntry> findCommand(std::string_view typed);
+// Every command's global name, for completion at a command line.
+std::vector<std::string_view> commandNames();
 
 }  // namespace cadhost::commands

@@ -53,16 +53,6 @@ bool openDrawings(const ConsoleOptions& o, Application& app) {
     return true;
 }
 
-// The support folders: the program's own, where the module's files lie, then the drawings'.
-std::vector<std::filesystem::path> supportPath(const ConsoleOptions& o, const std::string& programFolder) {
-    std::vector<std::filesystem::path> folders{programFolder};
-    for (const std::string& drawing : o.drawings) {
-        const std::filesystem::path folder = std::filesystem::absolute(drawing).parent_path();
-        if (std::find(folders.begin(), folders.end(), folder) == folders.end()) folders.push_back(folder);
-    }
-    return folders;
-}
-
 // Feeds the lines to the command line as a script run does; false after (quit). The
 // prompt starts on a line of its own, whatever was printed before it.
 bool runLines(CommandLine& commandLine, ConsoleInterface& ui, LineReader& reader) {
@@ -117,6 +107,16 @@ bool runSteps(const ConsoleOptions& o, CommandLine& commandLine, ConsoleInterfac
 }
 
 }  // namespace
+
+// The support folders: the program's own, where the module's files lie, then the drawings'.
+std::vector<std::filesystem::path> supportPath(const ConsoleOptions& o, const std::string& programFolder) {
+    std::vector<std::filesystem::path> folders{programFolder};
+    for (const std::string& drawing : o.drawings) {
+        const std::filesystem::path folder = std::filesystem::absolute(drawing).parent_path();
+        if (std::find(folders.begin(), folders.end(), folder) == folders.end()) folders.push_back(folder);
+    }
+    return folders;
+}
 
 std::optional<std::string> modulePath(const ConsoleOptions& o, const std::string& programFolder) {
     if (o.noModule) return std::nullopt;

@@ -12,6 +12,7 @@ constexpr std::size_t kTextColumn = 20;
 
 // A new option is one row here and one branch in parseOptions.
 constexpr OptionRow kOptions[] = {
+    {"--gui", "", false, "open the drawings in the main window instead of the console"},
     {"-e", "EXPR", true, "evaluate a LISP expression after start-up"},
     {"-s", "FILE", true, "run a script of LISP expressions and command lines"},
     {"-o", "FILE", false, "save the current drawing as DXF at the end, unless an -e or -s step failed"},
@@ -102,6 +103,8 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
             o.noModule = true;
         } else if (a == "--recover") {
             o.recover = true;
+        } else if (a == "--gui") {
+            o.gui = true;
         } else if (a == "-e" || a == "-s" || a == "-o" || a == "--answer" || a == "--module") {
             const std::string* v = value();
             if (!v) return "option " + a + " needs a value";
@@ -124,6 +127,8 @@ std::variant<ConsoleOptions, std::string> parseOptions(const std::vector<std::st
     if (o.auditLayers) o.audit.inputs = std::exchange(o.drawings, {});
     if (o.auditLayers && (o.noModule || !o.steps.empty() || o.output))
         return "--audit-layers works with the module and without -e, -s and -o";
+    if (o.gui && (o.auditLayers || o.output || !o.answers.empty() || o.recover))
+        return "--gui works without --audit-layers, -o, --answer and --recover; the window saves and asks itself";
     if (o.noModule && o.module) return "--no-module and --module exclude each other";
     return o;
 }

@@ -29,6 +29,7 @@ struct ConsoleOptions {
     bool help = false;
     bool version = false;
     bool recover = false;   // open a damaged drawing, listing the repairs
+    bool gui = false;       // the main window instead of the prompt
     // --audit-layers: the drawings and folders given are audited (checkLayerAudit says
     // whether the run can be made).
     bool auditLayers = false;

@@ -32,13 +32,16 @@ std::optional<std::string> readlineOnce(const std::string& prompt) {
 
 }  // namespace
 
+std::string historyFile() {
+    const std::string home = homeFolder();
+    return home.empty() ? std::string() : home + "/.ardo-cad_history";
+}
+
 TerminalReader::TerminalReader() {
     using_history();
     stifle_history(1000);
-    if (const std::string home = homeFolder(); !home.empty()) {
-        historyFile_ = home + "/.ardo-cad_history";
-        read_history(historyFile_.c_str());
-    }
+    historyFile_ = historyFile();
+    if (!historyFile_.empty()) read_history(historyFile_.c_str());
 }
 
 TerminalReader::~TerminalReader() {

@@ -8,6 +8,9 @@
 
 namespace cadhost::console {
 
+// The file that keeps the prompt's history between runs; empty without a home folder.
+std::string historyFile();
+
 class LineReader {
 public:
     virtual ~LineReader() = default;

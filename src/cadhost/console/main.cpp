@@ -8,6 +8,7 @@
 #include "cadhost/audit/LayerAuditRun.h"
 #include "cadhost/console/Console.h"
 #include "cadhost/console/VersionText.h"
+#include "cadhost/console/WindowStart.h"
 
 namespace {
 
@@ -51,6 +52,7 @@ int main(int argc, char** argv) {
             }
             return cadhost::audit::runLayerAudit(options.audit, *module, folder);
         }
+        if (options.gui) return runWindow(options, folder, argc, argv);
         return runConsole(options, folder);
     } catch (const std::bad_alloc&) {
         // Nothing was saved; say so instead of aborting.

@@ -154,6 +154,18 @@ public:
     // from height and character count. Coordinates of 2D entities are taken as world
     // coordinates (extrusion (0,0,1)).
     std::optional<Extents> extents(Handle handle) const;
+    // The records that belong to the entity after it (a POLYLINE's vertices, an INSERT's
+    // attributes), each as its tags, without the closing SEQEND.
+    std::vector<std::vector<EntityTag>> entityParts(Handle handle) const;
+    // A block's base point and its entities in file order; nothing for an unknown name.
+    struct BlockContents {
+        ardo::Point3 base{};
+        std::vector<Handle> entities;
+    };
+    std::optional<BlockContents> blockContents(std::string_view name) const;
+    // Moves the entity to an existing layer (the layers toolbar with objects selected);
+    // KeyNotFound for an unknown entity or layer.
+    ardo::DbStatus setEntityLayer(Handle handle, const std::string& layer);
     // Viewports (VIEWPORT entities) and the layers frozen in them (group 341; some writers
     // use 331).
     std::vector<Handle> viewports() const;

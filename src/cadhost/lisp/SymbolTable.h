@@ -15,6 +15,11 @@ public:
     Symbol* intern(std::string_view name);
     // The symbol of that name, or null when it was never interned.
     Symbol* find(std::string_view name) const;
+    // Visits every symbol interned so far, in no particular order.
+    template <class Visit>
+    void forEach(Visit visit) const {
+        for (const auto& entry : symbols_) visit(*entry.second);
+    }
 
 private:
     std::unordered_map<std::string, std::unique_ptr<Symbol>> symbols_;

@@ -90,6 +90,20 @@ TEST(OptionTable, TheParserKnowsEveryOptionOfTheTable) {
     }
 }
 
+TEST(OptionTable, TheWindowTakesDrawingsAndStepsButNotWhatOnlyAConsoleRunDoes) {
+    const auto window = parseOptions({"--gui", "a.dxf", "-e", "(princ)"});
+    ASSERT_TRUE(std::holds_alternative<ConsoleOptions>(window));
+    EXPECT_TRUE(std::get<ConsoleOptions>(window).gui);
+    EXPECT_EQ(std::get<ConsoleOptions>(window).drawings, std::vector<std::string>{"a.dxf"});
+    for (const auto& args : {std::vector<std::string>{"--gui", "-o", "out.dxf"}, {"--gui", "--answer", "yes"},
+                             {"--gui", "--audit-layers", "plans"}, {"--gui", "--recover", "a.dxf"}}) {
+        const auto parsed = parseOptions(args);
+        ASSERT_TRUE(std::holds_alternative<std::string>(parsed)) << args[1];
+        EXPECT_NE(std::get<std::string>(parsed).find("--gui"), std::string::npos);
+    }
+    EXPECT_FALSE(std::get<ConsoleOptions>(parseOptions({"a.dxf"})).gui);
+}
+
 TEST(OptionTable, TheManPageFormatsWithoutWarnings) {
     const ardo::test::ProcessResult r = ardo::test::runProcess(
         {"sh", "-c", std::string("LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -E UTF-8 -l '") +

@@ -1,0 +1,540 @@
+#include "cadhost/gui/CadWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSettings>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTimer>
+#include <QToolBar>
+
+#include "cadhost/app/Application.h"
+#include "cadhost/commands/CommandNames.h"
+#include "cadhost/lisp/Interpreter.h"
+#include "cadhost/gui/CommandDock.h"
+#include "cadhost/gui/LayerBar.h"
+
+namespace cadhost::gui {
+
+namespace {
+
+constexpr int kRecentFiles = 8;
+const char* const kRecentKey = "recentFiles";
+
+// The per-user settings of the window (recent files), beside the user's other settings.
+QSettings settings() { return QSettings("ardo", "ardo-cad"); }
+
+QString title(const Document& document) { return QString::fromStdString(document.name()); }
+
+}  // namespace
+
+// A drawing's tab: its view and whether it changed since it was opened or saved.
+struct CadWindow::Page final : DrawingListener {
+    Page(Document& d, DrawingView* v) : document(&d), view(v) { d.drawing().addListener(*this); }
+    ~Page() override {
+        if (attached) document->drawing().removeListener(*this);
+    }
+    void layerChanged(Change, const std::string&) override {
+        modified = true;
+        if (layersChanged) layersChanged();
+    }
+    void linetypeChanged(Change, const std::string&) override { modified = true; }
+    void entityChanged(Change, std::uint64_t) override { modified = true; }
+    void variableChanged(const std::string& name) override {
+        if (name == "CLAYER" && layersChanged) layersChanged();
+    }
+
+    Document* document;
+    DrawingView* view;
+    bool modified = false;
+    bool attached = true;
+    std::function<void()> layersChanged;
+};
+
+CadWindow::CadWindow(std::string historyFile) {
+    setObjectName("ardoCad");
+    setWindowIcon(QIcon::fromTheme("ardo-cad"));
+    tabs_ = new QTabWidget(this);
+    tabs_->setDocumentMode(true);
+    tabs_->setTabsClosable(true);
+    tabs_->setMovable(false);
+    setCentralWidget(tabs_);
+    dock_ = new CommandDock(std::move(historyFile), this);
+    addDockWidget(Qt::BottomDockWidgetArea, dock_);
+    coordinates_ = new QLabel(this);
+    coordinates_->setMinimumWidth(220);
+    statusBar()->addPermanentWidget(coordinates_);
+    layerBar_ = new LayerBar(this);
+    layerBar_->setMessage([this](const std::string& text) { statusBar()->showMessage(QString::fromStdString(text), 5000); });
+    addToolBar(Qt::TopToolBarArea, layerBar_);
+    buildMenus();
+    resize(1280, 860);
+
+    connect(tabs_, &QTabWidget::currentChanged, this, [this](int index) {
+        if (syncing_ || !app_ || index < 0 || index >= static_cast<int>(pages_.size())) return;
+        app_->activate(*pages_[static_cast<std::size_t>(index)]->document);
+        showCurrent();
+    });
+    connect(tabs_, &QTabWidget::tabCloseRequested, this, &CadWindow::closeTab);
+    dock_->setEntered([this](const std::string& line) { enterLine(line); });
+    dock_->setCancelled([this] {
+        if (waiting_) return answerPrompt(std::nullopt);
+        if (app_ && app_->commands().active()) app_->commands().cancel();
+        updatePrompt();
+    });
+}
+
+CadWindow::~CadWindow() = default;
+
+void CadWindow::detach() {
+    // The views listen to drawings the application owns; they go first.
+    while (tabs_->count() > 0) tabs_->removeTab(0);
+    for (const auto& page : pages_) delete page->view;
+    pages_.clear();
+    commandLine_.reset();
+    layerBar_->setDrawing(nullptr, {});
+    app_ = nullptr;
+}
+
+void CadWindow::buildMenus() {
+    auto add = [this](QMenu* menu, const QString& text, QKeySequence shortcut, auto done) {
+        QAction* action = menu->addAction(text);
+        action->setShortcut(shortcut);
+        connect(action, &QAction::triggered, this, done);
+        return action;
+    };
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    add(file, tr("&New"), QKeySequence::New, [this] { newDrawing(); });
+    add(file, tr("&Open..."), QKeySequence::Open, [this] { openDialog(); });
+    recentMenu_ = file->addMenu(tr("Open &Recent"));
+    add(file, tr("&Save"), QKeySequence::Save, [this] { saveCurrent(); });
+    add(file, tr("Save &As..."), QKeySequence::SaveAs, [this] { saveAsDialog(); });
+    add(file, tr("&Close"), QKeySequence::Close, [this] { closeTab(tabs_->currentIndex()); });
+    file->addSeparator();
+    add(file, tr("E&xit"), QKeySequence::Quit, [this] { close(); });
+    fillRecentMenu();
+
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    add(view, tr("Zoom &Extents"), QKeySequence(Qt::Key_Home), [this] {
+        if (auto* v = currentView()) v->zoomExtents();
+    });
+    add(view, tr("Zoom &Previous"), QKeySequence(), [this] {
+        if (auto* v = currentView()) v->zoomPrevious();
+    });
+    add(view, tr("&Regenerate"), QKeySequence(), [this] {
+        if (auto* v = currentView()) {
+            v->scene().rebuild();
+            v->update();
+        }
+    });
+    view->addSeparator();
+    view->addAction(dock_->toggleViewAction());
+}
+
+void CadWindow::attach(Application& app) {
+    app_ = &app;
+    commandLine_ = std::make_unique<CommandLine>(app);
+    syncDocuments();
+    updatePrompt();
+    // Typing goes to the command line from the start, as in the common hosts.
+    dock_->input()->setFocus();
+}
+
+DrawingView* CadWindow::currentView() const {
+    if (!app_ || !app_->hasDocument()) return nullptr;
+    const Page* page = pageOf(app_->current());
+    return page ? page->view : nullptr;
+}
+
+CadWindow::Page* CadWindow::pageOf(const Document& document) const {
+    for (const auto& page : pages_)
+        if (page->document == &document) return page.get();
+    return nullptr;
+}
+
+bool CadWindow::isModified(const Document& document) const {
+    const Page* page = pageOf(document);
+    return page && page->modified;
+}
+
+// The tabs follow the application's documents, whoever opened or closed them (OPEN and
+// CLOSE on the command line, LISP code, the menus).
+void CadWindow::syncDocuments() {
+    syncing_ = true;
+    const auto& documents = app_->documents();
+    for (std::size_t i = pages_.size(); i-- > 0;) {
+        Page& page = *pages_[i];
+        const bool open = std::any_of(documents.begin(), documents.end(),
+                                      [&](const auto& d) { return d.get() == page.document; });
+        if (open) continue;
+        page.attached = false;
+        page.view->scene().forgetDrawing();
+        tabs_->removeTab(static_cast<int>(i));
+        delete page.view;
+        pages_.erase(pages_.begin() + static_cast<std::ptrdiff_t>(i));
+    }
+    for (const auto& document : documents) {
+        if (pageOf(*document)) continue;
+        auto* view = new DrawingView(document->drawing(), Space::Model);
+        view->setInput(viewInput());
+        pages_.push_back(std::make_unique<Page>(*document, view));
+        pages_.back()->layersChanged = [this, d = document.get()] {
+            if (app_ && app_->hasDocument() && &app_->current() == d) layerBar_->refresh();
+        };
+        tabs_->addTab(view, title(*document));
+        if (document->titled()) remember(document->path());
+    }
+    syncing_ = false;
+    showCurrent();
+}
+
+void CadWindow::showCurrent() {
+    if (!app_ || !app_->hasDocument()) return;
+    for (std::size_t i = 0; i < pages_.size(); ++i) {
+        const Page& page = *pages_[i];
+        tabs_->setTabText(static_cast<int>(i), title(*page.document) + (page.modified ? "*" : ""));
+        tabs_->setTabToolTip(static_cast<int>(i), QString::fromStdString(page.document->path()));
+    }
+    Page* page = pageOf(app_->current());
+    if (!page) return;
+    layerBar_->setDrawing(&page->document->drawing(), [view = page->view] { return view->selection(); });
+    syncing_ = true;
+    tabs_->setCurrentWidget(page->view);
+    syncing_ = false;
+    setWindowTitle(title(*page->document) + "[*] - ardo-cad");
+    setWindowModified(page->modified);
+}
+
+void CadWindow::updatePrompt() {
+    if (waiting_) {
+        dock_->setPrompt(waiting_->question);
+        return;
+    }
+    if (!commandLine_ || !app_->hasDocument()) return;
+    std::string prompt = commandLine_->prompt();
+    if (prompt.empty() && app_->commands().active()) prompt = app_->commands().prompt();
+    dock_->setPrompt(prompt);
+}
+
+void CadWindow::refresh() {
+    syncDocuments();
+    updatePrompt();
+    updateCompletions();
+    if (auto* view = currentView()) view->update();
+    if (commandLine_ && commandLine_->quitRequested()) QTimer::singleShot(0, this, &QWidget::close);
+}
+
+// Tab completes what the current drawing knows: host commands, LISP commands (C:NAME,
+// typed as NAME) and LISP functions.
+void CadWindow::updateCompletions() {
+    if (!app_ || !app_->hasDocument()) return;
+    QStringList names{"DRAWINGS", "SWITCH", "OPEN", "CLOSE", "QUIT"};
+    for (std::string_view name : commands::commandNames()) names << QString::fromUtf8(name.data(), name.size());
+    app_->lisp().symbols().forEach([&](const lisp::Symbol& symbol) {
+        if (!symbol.value.isFunction()) return;
+        const QString name = QString::fromStdString(symbol.name);
+        names << (name.startsWith("C:") ? name.mid(2) : name.toLower());
+    });
+    names.removeDuplicates();
+    names.sort(Qt::CaseInsensitive);
+    dock_->setCompletions(names);
+}
+
+void CadWindow::enterLine(const std::string& line) {
+    if (waiting_) return answerPrompt(PromptAnswer{line, std::nullopt, {}});
+    if (!commandLine_) return;
+    commandLine_->enter(line);
+    refresh();
+}
+
+DrawingView::Input CadWindow::viewInput() {
+    DrawingView::Input input;
+    input.request = [this] {
+        if (waiting_) return waiting_->request;
+        return app_ ? app_->commands().request() : commands::InputRequest{};
+    };
+    input.singlePick = [this] { return waiting_ && waiting_->singlePick; };
+    input.point = [this](Vec2 at) { pointPicked(at); };
+    input.objects = [this](const std::vector<Handle>& found, Vec2 at, bool remove) { objectsPicked(found, at, remove); };
+    input.typed = [this](QKeyEvent* event) {
+        dock_->input()->setFocus();
+        QApplication::sendEvent(dock_->input(), event);
+    };
+    input.cursor = [this](Vec2 at) {
+        coordinates_->setText(QString("%1, %2").arg(at.x, 0, 'f', 4).arg(at.y, 0, 'f', 4));
+    };
+    return input;
+}
+
+void CadWindow::pointPicked(Vec2 at) {
+    const ardo::Point3 point{at.x, at.y, 0};
+    if (waiting_) return answerPrompt(PromptAnswer{std::nullopt, point, {}});
+    dock_->print(dock_->prompt() + QString("%1,%2\n").arg(at.x).arg(at.y).toStdString());
+    app_->command({ardo::ResBuf::point3(point)});
+    refresh();
+}
+
+void CadWindow::objectsPicked(const std::vector<Handle>& found, Vec2 at, bool remove) {
+    if (waiting_) {
+        PromptAnswer answer{std::nullopt, ardo::Point3{at.x, at.y, 0}, {}};
+        for (Handle h : found) answer.entities.push_back(static_cast<std::int64_t>(h));
+        return answerPrompt(std::move(answer));
+    }
+    if (found.empty()) return;
+    // A command's object prompt takes names; Shift takes them out again.
+    if (remove) app_->command({ardo::ResBuf::str("_Remove")});
+    for (Handle h : found) app_->command({ardo::ResBuf::entityName(static_cast<std::int64_t>(h))});
+    if (remove && app_->commands().active()) app_->command({ardo::ResBuf::str("_Add")});
+    refresh();
+}
+
+void CadWindow::answerPrompt(std::optional<PromptAnswer> answer) {
+    waiting_->answer = std::move(answer);
+    waiting_->loop->quit();
+}
+
+// --- prompts from LISP code --------------------------------------------------------------
+
+std::optional<PromptAnswer> CadWindow::ask(const std::string& question, const commands::InputRequest& request) {
+    return wait(question, request, false);
+}
+
+// Waits for the answer to a question asked from LISP code: a typed line (echoed by the
+// command line with the question before it), a pick in the view, or Escape.
+std::optional<PromptAnswer> CadWindow::wait(const std::string& question, const commands::InputRequest& request,
+                                            bool singlePick) {
+    // One question at a time: a prompt asked while another waits cannot be answered.
+    if (waiting_) return std::nullopt;
+    QEventLoop loop;
+    waiting_ = Waiting{question, request, singlePick, &loop, std::nullopt};
+    updatePrompt();
+    if (auto* view = currentView()) view->update();
+    dock_->input()->setFocus();
+    loop.exec();
+    std::optional<PromptAnswer> answer = std::move(waiting_->answer);
+    waiting_.reset();
+    if (answer && !answer->text) {
+        // A pick shows on the command line as the point or what was found.
+        const std::string what = answer->point && answer->entities.empty() && !singlePick
+                                     ? QString("%1,%2").arg((*answer->point)[0]).arg((*answer->point)[1]).toStdString()
+                                     : std::to_string(answer->entities.size()) + " found";
+        dock_->print(question + what + "\n");
+    }
+    updatePrompt();
+    return answer;
+}
+
+std::optional<std::string> CadWindow::prompt(const std::string& question) {
+    auto answer = ask(question, {});
+    if (!answer) return std::nullopt;
+    return answer->text ? *answer->text : std::string();
+}
+
+std::optional<int> CadWindow::pickEntity(const std::string& prompt, std::int64_t& entity, ardo::Point3& point) {
+    if (waiting_) return ardo::RTCAN;
+    commands::InputRequest one;
+    one.kind = commands::InputRequest::Kind::Objects;
+    const std::optional<PromptAnswer> answer = wait(prompt, one, true);
+    if (!answer || (answer->text && answer->text->empty())) return ardo::RTCAN;
+    if (answer->entities.empty()) return ardo::RTERROR;
+    entity = answer->entities.front();
+    point = answer->point.value_or(ardo::Point3{});
+    return ardo::RTNORM;
+}
+
+ardo::MbAnswer CadWindow::messageBox(const std::string& text, const std::string& caption, ardo::MbButtons buttons,
+                                     ardo::MbIcon icon) {
+    QMessageBox box(this);
+    box.setWindowTitle(QString::fromStdString(caption.empty() ? std::string("ardo-cad") : caption));
+    box.setText(QString::fromStdString(text));
+    switch (icon) {
+    case ardo::MbIcon::Error: box.setIcon(QMessageBox::Critical); break;
+    case ardo::MbIcon::Question: box.setIcon(QMessageBox::Question); break;
+    case ardo::MbIcon::Exclamation: box.setIcon(QMessageBox::Warning); break;
+    case ardo::MbIcon::Information: box.setIcon(QMessageBox::Information); break;
+    case ardo::MbIcon::None: break;
+    }
+    switch (buttons) {
+    case ardo::MbButtons::Ok: box.setStandardButtons(QMessageBox::Ok); break;
+    case ardo::MbButtons::OkCancel: box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
+    case ardo::MbButtons::YesNoCancel:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        break;
+    case ardo::MbButtons::YesNo: box.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+    }
+    const int chosen = box.exec();
+    switch (chosen) {
+    case QMessageBox::Ok: return ardo::MbAnswer::Ok;
+    case QMessageBox::Yes: return ardo::MbAnswer::Yes;
+    case QMessageBox::No: return ardo::MbAnswer::No;
+    default:
+        // Escape on a Yes/No box answers No, as the box has no Cancel.
+        return buttons == ardo::MbButtons::YesNo ? ardo::MbAnswer::No
+               : buttons == ardo::MbButtons::Ok  ? ardo::MbAnswer::Ok
+                                                 : ardo::MbAnswer::Cancel;
+    }
+}
+
+void CadWindow::alert(const std::string& text) {
+    QMessageBox::warning(this, "ardo-cad", QString::fromStdString(text));
+}
+
+void CadWindow::print(std::string_view text) { dock_->print(text); }
+
+// --- the host's redraw service ----------------------------------------------------------
+
+void CadWindow::redraw() {
+    for (const auto& page : pages_) {
+        page->view->scene().clearLooks();
+        page->view->update();
+    }
+}
+
+void CadWindow::redrawEntity(std::int64_t entity, int mode) {
+    DrawingView* view = currentView();
+    if (!view) return;
+    Scene& scene = view->scene();
+    const Handle h = static_cast<Handle>(entity);
+    switch (mode) {
+    case 1: scene.setLook(h, Look::Normal); break;
+    case 2: scene.setLook(h, Look::Hidden); break;
+    case 3: scene.setLook(h, Look::Highlighted); break;
+    case 4:
+        if (scene.look(h) == Look::Highlighted) scene.setLook(h, Look::Normal);
+        break;
+    default: return;
+    }
+    // Many entities change in one go: the view paints them once, when the caller is done.
+    if (!displayPending_) {
+        displayPending_ = true;
+        QTimer::singleShot(0, this, [this] { updateDisplay(); });
+    }
+}
+
+void CadWindow::updateDisplay() {
+    displayPending_ = false;
+    if (auto* view = currentView()) view->update();
+}
+
+// --- documents -------------------------------------------------------------------------
+
+void CadWindow::newDrawing() {
+    app_->addDocument(Drawing(), false);
+    app_->idle();
+    refresh();
+}
+
+void CadWindow::openDialog() {
+    const QStringList paths = QFileDialog::getOpenFileNames(this, tr("Open Drawing"), QString(),
+                                                            tr("Drawings (*.dxf *.DXF);;All files (*)"));
+    openFiles(paths);
+}
+
+bool CadWindow::openFiles(const QStringList& paths) {
+    bool all = true;
+    for (const QString& path : paths) {
+        auto opened = app_->openDocument(path.toStdString());
+        if (!opened) {
+            // The reader's message; the drawings already open stay as they are.
+            QMessageBox::warning(this, tr("Open Drawing"), QString::fromStdString(opened.error()));
+            all = false;
+        }
+    }
+    app_->idle();
+    refresh();
+    return all;
+}
+
+bool CadWindow::saveCurrent(std::optional<std::string> path) {
+    if (!app_ || !app_->hasDocument()) return false;
+    Document& document = app_->current();
+    if (!path) {
+        if (!document.titled()) return saveAsDialog();
+        path = document.path();
+    }
+    if (const ardo::Status saved = document.drawing().save(*path); !saved) {
+        QMessageBox::warning(this, tr("Save Drawing"), QString::fromStdString(saved.error()));
+        return false;
+    }
+    if (Page* page = pageOf(document)) page->modified = false;
+    remember(*path);
+    print("Saved \"" + *path + "\".\n");
+    showCurrent();
+    return true;
+}
+
+bool CadWindow::saveAsDialog() {
+    if (!app_ || !app_->hasDocument()) return false;
+    QString path = QFileDialog::getSaveFileName(this, tr("Save Drawing As"),
+                                                QString::fromStdString(app_->current().path()),
+                                                tr("Drawings (*.dxf)"));
+    if (path.isEmpty()) return false;
+    if (QFileInfo(path).suffix().isEmpty()) path += ".dxf";
+    return saveCurrent(path.toStdString());
+}
+
+bool CadWindow::mayClose(Page& page) {
+    if (!page.modified) return true;
+    app_->activate(*page.document);
+    showCurrent();
+    const auto answer = QMessageBox::question(
+        this, "ardo-cad", tr("Save changes to %1?").arg(title(*page.document)),
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+    if (answer != QMessageBox::Yes && answer != QMessageBox::No) return false;
+    return answer == QMessageBox::No || saveCurrent();
+}
+
+void CadWindow::closeTab(int index) {
+    if (!app_ || index < 0 || index >= static_cast<int>(pages_.size())) return;
+    Page& page = *pages_[static_cast<std::size_t>(index)];
+    if (!mayClose(page)) return;
+    // The application keeps one drawing open: a new one takes the last one's place.
+    if (app_->documents().size() == 1) app_->addDocument(Drawing(), false);
+    // The tab goes with the document when the tabs follow the documents again.
+    if (const ardo::Status closed = app_->closeDocument(*page.document); !closed) print(closed.error() + "\n");
+    app_->idle();
+    refresh();
+}
+
+void CadWindow::closeEvent(QCloseEvent* event) {
+    if (waiting_) answerPrompt(std::nullopt);
+    for (const auto& page : pages_)
+        if (!mayClose(*page)) {
+            event->ignore();
+            return;
+        }
+    event->accept();
+}
+
+// --- recent files ------------------------------------------------------------------------
+
+QStringList CadWindow::recentFiles() const { return settings().value(kRecentKey).toStringList(); }
+
+void CadWindow::remember(const std::string& path) {
+    QStringList files = recentFiles();
+    const QString file = QString::fromStdString(path);
+    files.removeAll(file);
+    files.prepend(file);
+    while (files.size() > kRecentFiles) files.removeLast();
+    settings().setValue(kRecentKey, files);
+    fillRecentMenu();
+}
+
+void CadWindow::fillRecentMenu() {
+    recentMenu_->clear();
+    const QStringList files = recentFiles();
+    for (int i = 0; i < files.size(); ++i)
+        connect(recentMenu_->addAction(QString("&%1 %2").arg(i + 1).arg(files[i])), &QAction::triggered, this,
+                [this, file = files[i]] { openFiles({file}); });
+    recentMenu_->setEnabled(!files.isEmpty());
+}
+
+}  // namespace cadhost::gui

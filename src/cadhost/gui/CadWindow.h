@@ -1,0 +1,124 @@
+#pragma once
+// The main window of ardo-cad: one tab per open drawing with its view, the docked command
+// line, the File menu with recent files, and the status bar. It is the application's user
+// interface: printing goes to the command line, prompts asked from LISP wait for a typed
+// line or a pick in the view, message boxes are dialogs.
+#include <QMainWindow>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cadhost/app/CommandLine.h"
+#include "cadhost/app/UserInterface.h"
+#include "cadhost/gui/DrawingView.h"
+
+class QEventLoop;
+class QLabel;
+class QMenu;
+class QTabWidget;
+
+namespace cadhost {
+class Application;
+class Document;
+}
+
+namespace cadhost::gui {
+
+class CommandDock;
+class LayerBar;
+
+class CadWindow final : public QMainWindow, public UserInterface, public MainWindow {
+public:
+    explicit CadWindow(std::string historyFile);
+    ~CadWindow() override;
+
+    // Shows the application's documents and takes its command line; called once the
+    // application exists.
+    void attach(Application& app);
+    // Lets go of the application's documents before the application ends; the window
+    // shows nothing afterwards.
+    void detach();
+
+    // The current document's view; null before attach().
+    DrawingView* currentView() const;
+    CommandDock* commandDock() const { return dock_; }
+    LayerBar* layerBar() const { return layerBar_; }
+    // Enters a line as if typed at the command line.
+    void enterLine(const std::string& line);
+    // Opens drawings as File > Open does; false when one could not be read (the user was told).
+    bool openFiles(const QStringList& paths);
+    // Saves the current drawing (to `path` when given, else where it came from or asked for);
+    // false when it was not saved.
+    bool saveCurrent(std::optional<std::string> path = std::nullopt);
+    bool isModified(const Document& document) const;
+    // A new drawing from the built-in template, as File > New.
+    void newDrawing();
+    // Tabs, title and prompt follow the application again after input or a document change.
+    void refresh();
+    QStringList recentFiles() const;
+
+    // --- UserInterface ------------------------------------------------------------------
+    void print(std::string_view text) override;
+    std::optional<std::string> prompt(const std::string& question) override;
+    std::optional<PromptAnswer> ask(const std::string& question, const commands::InputRequest& request) override;
+    ardo::MbAnswer messageBox(const std::string& text, const std::string& caption, ardo::MbButtons buttons,
+                              ardo::MbIcon icon) override;
+    void alert(const std::string& text) override;
+    void redraw() override;
+    MainWindow* mainWindow() override { return this; }
+    void redrawEntity(std::int64_t entity, int mode) override;
+    void updateDisplay() override;
+    std::optional<int> chooseColor(ardo::HostColor&, bool) override { return std::nullopt; }
+    std::optional<int> pickEntity(const std::string& prompt, std::int64_t& entity, ardo::Point3& point) override;
+
+    // --- MainWindow ---------------------------------------------------------------------
+    QWidget* widget() override { return this; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    struct Page;
+    void buildMenus();
+    void syncDocuments();
+    Page* pageOf(const Document& document) const;
+    void showCurrent();
+    void updatePrompt();
+    void updateCompletions();
+    void openDialog();
+    bool saveAsDialog();
+    // Asks whether to save a changed drawing; false when the user cancelled.
+    bool mayClose(Page& page);
+    void closeTab(int index);
+    void remember(const std::string& path);
+    void fillRecentMenu();
+    DrawingView::Input viewInput();
+    void pointPicked(Vec2 at);
+    void objectsPicked(const std::vector<Handle>& found, Vec2 at, bool remove);
+    void answerPrompt(std::optional<PromptAnswer> answer);
+    std::optional<PromptAnswer> wait(const std::string& question, const commands::InputRequest& request,
+                                     bool singlePick);
+
+    Application* app_ = nullptr;
+    std::unique_ptr<CommandLine> commandLine_;
+    QTabWidget* tabs_;
+    CommandDock* dock_;
+    LayerBar* layerBar_;
+    QLabel* coordinates_;
+    QMenu* recentMenu_ = nullptr;
+    std::vector<std::unique_ptr<Page>> pages_;
+    bool syncing_ = false;
+    bool displayPending_ = false;
+    // A prompt asked from LISP code while the event loop waits for its answer.
+    struct Waiting {
+        std::string question;
+        commands::InputRequest request;
+        bool singlePick = false;
+        QEventLoop* loop = nullptr;
+        std::optional<PromptAnswer> answer;
+    };
+    std::optional<Waiting> waiting_;
+};
+
+}  // namespace cadhost::gui

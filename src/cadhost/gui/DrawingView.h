@@ -1,0 +1,97 @@
+#pragma once
+// The drawing view: paints one space of a document from its cached scene, zooms with the
+// wheel about the cursor, pans with the middle button, and turns left clicks into what
+// the active prompt takes: a point, or objects by pick, window (left to right) or
+// crossing (right to left), Shift removing them.
+#include <QWidget>
+#include <functional>
+#include <optional>
+#include <unordered_set>
+#include <vector>
+
+#include "cadhost/commands/InputRequest.h"
+#include "cadhost/gui/Scene.h"
+
+class QPainter;
+
+namespace cadhost::gui {
+
+class DrawingView final : public QWidget {
+public:
+    struct Input {
+        // What the prompt takes at the moment (Text when nothing is asked).
+        std::function<commands::InputRequest()> request;
+        std::function<void(Vec2)> point;
+        // Entities found by a pick or a window, and where the pick was; `remove` with Shift held.
+        std::function<void(const std::vector<Handle>&, Vec2 at, bool remove)> objects;
+        // True while the prompt takes one entity: a pick that hits nothing hands over
+        // nothing instead of opening a window.
+        std::function<bool()> singlePick;
+        // Keys typed while the view has the focus belong to the command line.
+        std::function<void(QKeyEvent*)> typed;
+        // The cursor's world position, for the status bar.
+        std::function<void(Vec2)> cursor;
+    };
+
+    DrawingView(Drawing& drawing, Space space, QWidget* parent = nullptr);
+
+    Scene& scene() { return scene_; }
+    void setInput(Input input) { input_ = std::move(input); }
+
+    // --- view -------------------------------------------------------------------------
+    void zoomExtents();
+    // Zooms by `factor` keeping the world point under `screen` where it is.
+    void zoomAt(double factor, QPointF screen);
+    void panBy(QPointF pixels);
+    // The previous view, as ZOOM Previous; false when there is none.
+    bool zoomPrevious();
+    double scale() const { return scale_; }
+    Vec2 toWorld(QPointF screen) const;
+    QPointF toScreen(Vec2 world) const;
+    Box2 visibleArea() const;
+
+    // --- selection without a command (noun-verb) ----------------------------------------
+    const std::vector<Handle>& selection() const { return selection_; }
+    void setSelection(std::vector<Handle> entities);
+    void clearSelection();
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void wheelEvent(QWheelEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+
+private:
+    struct ViewState {
+        Vec2 centre;
+        double scale;
+    };
+    void rememberView();
+    void click(QPointF at, bool shift);
+    void finishWindow(QPointF at, bool shift);
+    void hand(const std::vector<Handle>& found, QPointF at, bool remove);
+    void drawScene(QPainter& painter);
+    void drawRubberBand(QPainter& painter);
+
+    Scene scene_;
+    Input input_;
+    Vec2 centre_;
+    double scale_ = 1;   // pixels per drawing unit
+    bool fitted_ = false;
+    std::vector<ViewState> previous_;
+    std::optional<QPointF> panFrom_;
+    std::optional<QPointF> windowFrom_;   // first corner of a selection window
+    bool dragged_ = false;
+    QPointF mouse_;
+    std::vector<Handle> selection_;
+    std::unordered_set<Handle> selected_;
+};
+
+// The colour an entity shows on the view's dark background: black turns white, as the
+// index colour 7 does.
+std::uint32_t screenColor(std::uint32_t rgb);
+
+}  // namespace cadhost::gui

@@ -1,0 +1,92 @@
+#pragma once
+// What the view draws of one space of a drawing: each entity's pieces, cached, with a grid
+// index over their boxes, the layer table the pieces refer to, and each entity's look
+// (hidden or highlighted by the host's redraw service, or selected). It follows the
+// drawing's change notifications, so a repaint never reads DXF tags.
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "cadhost/drawing/Drawing.h"
+#include "cadhost/gui/GridIndex.h"
+#include "cadhost/gui/SceneTypes.h"
+
+namespace cadhost::gui {
+
+struct SceneLayer {
+    std::string name;
+    std::uint32_t rgb = 0xFFFFFF;
+    bool off = false, frozen = false, locked = false;
+    bool shown() const { return !off && !frozen; }
+};
+
+struct SceneItem {
+    Handle handle = 0;
+    Box2 box;                 // empty for an erased entity or one without geometry
+    std::vector<Piece> pieces;
+};
+
+enum class Look : std::uint8_t { Normal, Hidden, Highlighted };
+
+class Scene final : public DrawingListener {
+public:
+    Scene(Drawing& drawing, Space space);
+    ~Scene() override;
+    Scene(const Scene&) = delete;
+    Scene& operator=(const Scene&) = delete;
+
+    // The drawing is gone (its document was closed elsewhere): nothing of it is touched again.
+    void forgetDrawing() { attached_ = false; }
+    // Reads every entity of the space again (REGEN).
+    void rebuild();
+    // Called after each change the drawing announced, for the view to repaint.
+    void setChanged(std::function<void()> changed) { changed_ = std::move(changed); }
+
+    const std::vector<SceneLayer>& layers() const { return layers_; }
+    // The box around everything on layers that are shown; empty for an empty drawing.
+    Box2 extents() const;
+    std::size_t size() const { return items_.size(); }
+
+    // Items meeting the area that have a piece on a shown layer, with their looks.
+    void visit(const Box2& area, const std::function<void(const SceneItem&, Look)>& draw) const;
+    // The entity nearest to `at` within `tolerance` (world units), on a shown layer.
+    std::optional<Handle> pick(Vec2 at, double tolerance) const;
+    // Entities inside the area (window) or meeting it (crossing), on shown layers.
+    std::vector<Handle> select(const Box2& area, bool crossing) const;
+
+    // Sets one entity's look; false for an entity this scene does not show.
+    bool setLook(Handle entity, Look look);
+    Look look(Handle entity) const;
+    // Every entity back to normal (the next full redraw).
+    void clearLooks();
+
+    // --- DrawingListener --------------------------------------------------------------
+    void layerChanged(Change, const std::string&) override;
+    void entityChanged(Change change, std::uint64_t handle) override;
+
+private:
+    int layerIndex(const std::string& name);
+    void readLayers();
+    SceneItem itemOf(Handle handle);
+    void place(std::uint32_t index);
+    bool itemShown(const SceneItem& item) const;
+    // Distance from `at` to the item's nearest piece; nothing beyond `limit`.
+    std::optional<double> distance(const SceneItem& item, Vec2 at, double limit) const;
+    bool crosses(const SceneItem& item, const Box2& area) const;
+
+    Drawing& drawing_;
+    Space space_;
+    std::vector<SceneLayer> layers_;
+    std::unordered_map<std::string, int> layerByName_;   // folded name
+    std::vector<SceneItem> items_;
+    std::vector<Look> looks_;
+    std::unordered_map<Handle, std::uint32_t> itemByHandle_;
+    GridIndex grid_;
+    std::function<void()> changed_;
+    bool attached_ = true;
+};
+
+}  // namespace cadhost::gui

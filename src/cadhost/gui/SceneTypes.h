@@ -1,0 +1,72 @@
+#pragma once
+// Plain 2D geometry of the view: points, boxes and the placement of block contents.
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace cadhost::gui {
+
+struct Vec2 {
+    double x = 0, y = 0;
+};
+
+// An axis-aligned box; empty while min > max.
+struct Box2 {
+    double x0 = 1, y0 = 1, x1 = 0, y1 = 0;
+
+    bool empty() const { return x0 > x1 || y0 > y1; }
+    void add(Vec2 p) {
+        if (empty()) {
+            x0 = x1 = p.x;
+            y0 = y1 = p.y;
+            return;
+        }
+        x0 = std::min(x0, p.x), y0 = std::min(y0, p.y);
+        x1 = std::max(x1, p.x), y1 = std::max(y1, p.y);
+    }
+    void add(const Box2& b) {
+        if (b.empty()) return;
+        add(Vec2{b.x0, b.y0});
+        add(Vec2{b.x1, b.y1});
+    }
+    bool intersects(const Box2& b) const { return !(b.x0 > x1 || b.x1 < x0 || b.y0 > y1 || b.y1 < y0); }
+    bool contains(const Box2& b) const { return b.x0 >= x0 && b.x1 <= x1 && b.y0 >= y0 && b.y1 <= y1; }
+};
+
+// x' = a*x + c*y + e, y' = b*x + d*y + f: where a block's contents land.
+struct Affine {
+    double a = 1, b = 0, c = 0, d = 1, e = 0, f = 0;
+
+    Vec2 apply(Vec2 p) const { return {a * p.x + c * p.y + e, b * p.x + d * p.y + f}; }
+    // This placement after `inner`.
+    Affine after(const Affine& inner) const {
+        return {a * inner.a + c * inner.b, b * inner.a + d * inner.b, a * inner.c + c * inner.d,
+                b * inner.c + d * inner.d, a * inner.e + c * inner.f + e, b * inner.e + d * inner.f + f};
+    }
+    // How much lengths grow (for text heights and tessellation).
+    double scale() const { return std::sqrt(std::fabs(a * d - b * c)); }
+    double angle() const { return std::atan2(b, a); }
+    bool mirrored() const { return a * d - b * c < 0; }
+};
+
+// Where a piece's colour comes from: its layer's colour, or a colour of its own.
+struct PieceColor {
+    bool byLayer = true;
+    std::uint32_t rgb = 0;   // 0xRRGGBB when not by layer
+};
+
+// One drawable piece of an entity in world coordinates.
+struct Piece {
+    enum class Kind : std::uint8_t { Stroke, Fill, Text, Dot };
+    Kind kind = Kind::Stroke;
+    bool closed = false;
+    int layer = 0;            // index in the scene's layer table
+    PieceColor color;
+    std::vector<Vec2> points; // Text: the insertion point (left end of the base line)
+    std::string text;         // lines separated by '\n'
+    double height = 0, angle = 0;
+};
+
+}  // namespace cadhost::gui

@@ -1,0 +1,333 @@
+// The main window driven as a user drives it: QTest key and mouse events on the real
+// application, its documents and the example drawing; message boxes answered by a timer.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QImage>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QStandardPaths>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+#include <filesystem>
+
+#include "cadhost/app/Application.h"
+#include "cadhost/gui/CadWindow.h"
+#include "cadhost/gui/CommandDock.h"
+#include "cadhost/gui/LayerBar.h"
+
+namespace cadhost::gui {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path& scratch() {
+    static const fs::path folder = [] {
+        fs::path f = fs::temp_directory_path() / ("ardo-window-test-" + std::to_string(::getpid()));
+        fs::create_directories(f);
+        return f;
+    }();
+    return folder;
+}
+
+QApplication& qt() {
+    static int argc = 1;
+    static char name[] = "window-tests";
+    static char* argv[] = {name, nullptr};
+    // Recent files and history go to a folder of the test's own.
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString((scratch() / "config").string()));
+    // Never destroyed: Qt's own clean-up at exit must find it alive.
+    static QApplication* app = new QApplication(argc, argv);
+    return *app;
+}
+
+// Answers the next message box that opens with the given button.
+void answerNextBox(QMessageBox::StandardButton button) {
+    QTimer::singleShot(50, [button] {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (auto* box = qobject_cast<QMessageBox*>(w); box && box->isVisible() && box->button(button))
+                box->button(button)->click();
+    });
+}
+
+class WindowTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        qt();
+        window = std::make_unique<CadWindow>((scratch() / "history").string());
+        app = std::make_unique<Application>(*window);
+        window->attach(*app);
+        window->resize(1000, 700);
+        window->show();
+        ASSERT_TRUE(window->openFiles({ARDO_SOURCE_DIR "/examples/drawings/office.dxf"}));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+        view()->zoomExtents();
+    }
+    void TearDown() override {
+        window->detach();
+        app.reset();
+        window.reset();
+    }
+    DrawingView* view() { return window->currentView(); }
+    void type(const QString& text) {
+        QLineEdit* input = window->commandDock()->input();
+        QTest::keyClicks(input, text);
+        QTest::keyClick(input, Qt::Key_Return);
+    }
+    void click(Vec2 world, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mouseClick(view(), Qt::LeftButton, modifiers, view()->toScreen(world).toPoint());
+    }
+    // Pixels of the view that are not the background.
+    static int inked(const QImage& image) {
+        const QRgb background = image.pixel(0, 0);
+        int n = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) n += image.pixel(x, y) != background;
+        return n;
+    }
+
+    std::unique_ptr<CadWindow> window;
+    std::unique_ptr<Application> app;
+};
+
+TEST_F(WindowTest, OpensTheDrawingInATabAndPaintsIt) {
+    EXPECT_EQ(app->documents().size(), 1u);
+    EXPECT_EQ(window->windowTitle(), "office.dxf[*] - ardo-cad");
+    const QImage image = view()->grab().toImage();
+    image.save(QString::fromStdString((scratch() / "office.png").string()));
+    // The office plan covers a good part of the view after zoom extents.
+    EXPECT_GT(inked(image), image.width() * image.height() / 200);
+    EXPECT_TRUE(window->recentFiles().first().endsWith("office.dxf"));
+}
+
+TEST_F(WindowTest, WheelZoomsAboutTheCursorAndMiddleButtonPans) {
+    const QPoint cursor(300, 200);
+    const Vec2 before = view()->toWorld(cursor);
+    const double scale = view()->scale();
+    QWheelEvent wheel(cursor, view()->mapToGlobal(cursor), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(view(), &wheel);
+    EXPECT_NEAR(view()->scale(), scale * 1.25, 1e-9);
+    const Vec2 after = view()->toWorld(cursor);
+    EXPECT_NEAR(after.x, before.x, 1e-9);
+    EXPECT_NEAR(after.y, before.y, 1e-9);
+
+    const Vec2 grabbed = view()->toWorld(QPointF(400, 300));
+    QTest::mousePress(view(), Qt::MiddleButton, {}, QPoint(400, 300));
+    QMouseEvent move(QEvent::MouseMove, QPointF(450, 280), view()->mapToGlobal(QPointF(450, 280)), Qt::NoButton,
+                     Qt::MiddleButton, Qt::NoModifier);
+    QApplication::sendEvent(view(), &move);
+    QTest::mouseRelease(view(), Qt::MiddleButton, {}, QPoint(450, 280));
+    // The point that was grabbed follows the cursor.
+    const Vec2 under = view()->toWorld(QPointF(450, 280));
+    EXPECT_NEAR(under.x, grabbed.x, 1e-9);
+    EXPECT_NEAR(under.y, grabbed.y, 1e-9);
+    EXPECT_TRUE(view()->zoomPrevious());
+}
+
+TEST_F(WindowTest, SelectCommandTakesPicksWindowsAndShiftRemoves) {
+    type("_select");
+    EXPECT_EQ(window->commandDock()->prompt(), "Select objects: ");
+    // The vertical wall line at x = 5.9425 (handle 9E) and its twin at 6.0575 (9F).
+    click({5.9425, 3});
+    const Vec2 a = {5.0, 1.0}, b = {6.5, 4.0};
+    // Left to right: a window, which takes only what lies inside; nothing lies fully inside here.
+    click(a);
+    click(b);
+    // Right to left: a crossing, which takes both wall lines it meets.
+    click({6.5, 2.0});
+    click({5.5, 2.5});
+    click({6.0575, 3}, Qt::ShiftModifier);
+    type("");
+    const auto& previous = app->commands().previousSelection();
+    EXPECT_NE(std::find(previous.begin(), previous.end(), 0x9E), previous.end());
+    EXPECT_EQ(std::find(previous.begin(), previous.end(), 0x9F), previous.end());
+    EXPECT_EQ(window->commandDock()->prompt(), "Command: ");
+}
+
+TEST_F(WindowTest, LispPromptsTakeTypedTextAndPicks) {
+    std::optional<PromptAnswer> answer;
+    commands::InputRequest point;
+    point.kind = commands::InputRequest::Kind::Point;
+    point.from = ardo::Point3{0, 0, 0};
+    QTimer::singleShot(0, [&] { click({3, 4}); });
+    answer = window->ask("Next point: ", point);
+    ASSERT_TRUE(answer && answer->point);
+    EXPECT_NEAR((*answer->point)[0], 3, 2 / view()->scale());
+    EXPECT_NEAR((*answer->point)[1], 4, 2 / view()->scale());
+
+    QTimer::singleShot(0, [&] { type("hello"); });
+    EXPECT_EQ(window->prompt("Name: "), "hello");
+    // The question stands once in the text window, with the answer after it.
+    EXPECT_EQ(window->commandDock()->text().count("Name: "), 1);
+    EXPECT_TRUE(window->commandDock()->text().contains("Name: hello\n"));
+    EXPECT_TRUE(window->commandDock()->text().contains("Next point: "));
+
+    QTimer::singleShot(0, [&] { QTest::keyClick(window->commandDock()->input(), Qt::Key_Escape); });
+    EXPECT_FALSE(window->prompt("Name: "));
+
+    std::int64_t entity = 0;
+    ardo::Point3 at{};
+    QTimer::singleShot(0, [&] { click({5.9425, 6}); });
+    EXPECT_EQ(window->pickEntity("Select object: ", entity, at), ardo::RTNORM);
+    EXPECT_EQ(entity, 0x9E);
+    QTimer::singleShot(0, [&] { click({-50, -50}); });
+    EXPECT_EQ(window->pickEntity("Select object: ", entity, at), ardo::RTERROR);
+}
+
+TEST_F(WindowTest, RedrawModesHideAndHighlightEntities) {
+    const QImage plain = view()->grab().toImage();
+    EXPECT_EQ(app->redraw(0x9C, 2), ardo::RTNORM);   // the outer wall
+    app->updateDisplay();
+    const QImage hidden = view()->grab().toImage();
+    EXPECT_LT(inked(hidden), inked(plain));
+    EXPECT_EQ(app->redraw(0x9C, 1), ardo::RTNORM);
+    EXPECT_EQ(app->redraw(0x9C, 3), ardo::RTNORM);
+    const QImage highlighted = view()->grab().toImage();
+    highlighted.save(QString::fromStdString((scratch() / "highlighted.png").string()));
+    // Dashed: fewer inked pixels than drawn solid, more than hidden.
+    EXPECT_LT(inked(highlighted), inked(plain));
+    EXPECT_GT(inked(highlighted), inked(hidden));
+    EXPECT_EQ(view()->scene().look(0x9C), Look::Highlighted);
+    window->redraw();
+    EXPECT_EQ(view()->scene().look(0x9C), Look::Normal);
+}
+
+TEST_F(WindowTest, ChangesMarkTheTitleAndSavingClearsIt) {
+    type("_.LAYER _New Mauer");
+    type("");
+    EXPECT_TRUE(window->isModified(app->current()));
+    EXPECT_TRUE(window->isWindowModified());
+    const std::string saved = (scratch() / "saved.dxf").string();
+    ASSERT_TRUE(window->saveCurrent(saved));
+    EXPECT_FALSE(window->isWindowModified());
+    auto reread = Drawing::open(saved);
+    ASSERT_TRUE(reread) << reread.error();
+    EXPECT_EQ(reread->entityCount(), app->drawing().entityCount());
+    EXPECT_TRUE(reread->findLayer("Mauer"));
+}
+
+TEST_F(WindowTest, ClosingAChangedDrawingAsksAndCancelKeepsIt) {
+    type("_.LAYER _New Mauer");
+    type("");
+    answerNextBox(QMessageBox::Cancel);
+    window->close();
+    EXPECT_TRUE(window->isVisible());
+    answerNextBox(QMessageBox::No);
+    EXPECT_TRUE(window->close());
+}
+
+TEST_F(WindowTest, DocumentsOpenedAndClosedAtTheCommandLineGetAndLoseTabs) {
+    window->newDrawing();
+    auto* tabs = window->findChild<QTabWidget*>();
+    ASSERT_TRUE(tabs);
+    EXPECT_EQ(tabs->count(), 2);
+    EXPECT_EQ(window->windowTitle(), "Drawing1.dxf[*] - ardo-cad");
+    type("CLOSE");
+    EXPECT_EQ(tabs->count(), 1);
+    EXPECT_EQ(window->windowTitle(), "office.dxf[*] - ardo-cad");
+    // A file that cannot be read leaves the open drawing alone.
+    answerNextBox(QMessageBox::Ok);
+    EXPECT_FALSE(window->openFiles({QString::fromStdString((scratch() / "missing.dxf").string())}));
+    EXPECT_EQ(tabs->count(), 1);
+}
+
+TEST_F(WindowTest, TypingInTheViewGoesToTheCommandLine) {
+    view()->setFocus();
+    QTest::keyClicks(view(), "(* 6 7)");
+    QTest::keyClick(view(), Qt::Key_Return);
+    EXPECT_TRUE(window->commandDock()->text().contains("Command: (* 6 7)\n42"));
+    EXPECT_TRUE(window->commandDock()->input()->hasFocus());
+}
+
+TEST_F(WindowTest, HistoryWalksBackAndIsKeptBetweenRuns) {
+    type("(+ 1 2)");
+    type("(+ 3 4)");
+    QLineEdit* input = window->commandDock()->input();
+    QTest::keyClick(input, Qt::Key_Up);
+    EXPECT_EQ(input->text(), "(+ 3 4)");
+    QTest::keyClick(input, Qt::Key_Up);
+    EXPECT_EQ(input->text(), "(+ 1 2)");
+    QTest::keyClick(input, Qt::Key_Down);
+    EXPECT_EQ(input->text(), "(+ 3 4)");
+    EXPECT_TRUE(window->commandDock()->text().contains("7"));
+    // Tab completes a LISP function defined at the command line and a host command.
+    type("(defun c:zeichnen () (princ))");
+    type("(defun meinefunktion () 1)");
+    input->setText("zeich");
+    QTest::keyClick(input, Qt::Key_Tab);
+    EXPECT_EQ(input->text(), "ZEICHNEN");
+    input->setText("(meinef");
+    QTest::keyClick(input, Qt::Key_Tab);
+    EXPECT_EQ(input->text(), "(meinefunktion");
+    input->setText("vpla");
+    QTest::keyClick(input, Qt::Key_Tab);
+    EXPECT_EQ(input->text(), "VPLAYER");
+    input->clear();
+    window->detach();
+    app.reset();
+    window.reset();   // leaves the history file
+    CommandDock again((scratch() / "history").string());
+    ASSERT_GE(again.history().size(), 4);
+    EXPECT_EQ(again.history().back(), "(defun meinefunktion () 1)");
+    EXPECT_EQ(again.history()[again.history().size() - 3], "(+ 3 4)");
+    // TearDown ends a window and an application of its own.
+    window = std::make_unique<CadWindow>((scratch() / "history").string());
+    app = std::make_unique<Application>(*window);
+    window->attach(*app);
+}
+
+TEST_F(WindowTest, LayersToolbarSwitchesLayersAndMakesOneCurrent) {
+    QComboBox* list = window->layerBar()->list();
+    const int row = list->findText("Bestand-alt");
+    ASSERT_GE(row, 0);
+    const int before = inked(view()->grab().toImage());
+    // A click on the bulb of the row in the open list turns the layer off.
+    list->showPopup();
+    QAbstractItemView* rows = list->view();
+    const QRect rect = rows->visualRect(rows->model()->index(row, 0));
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, QPoint(rect.left() + 4 + 8, rect.center().y()));
+    EXPECT_TRUE(app->drawing().findLayer("Bestand-alt")->isOff);
+    list->hidePopup();
+    EXPECT_LT(inked(view()->grab().toImage()), before);
+    // Off layers cannot be picked.
+    EXPECT_FALSE(view()->scene().pick({5.9425, 3}, 0.05));
+
+    std::string why;
+    ASSERT_TRUE(window->layerBar()->flip("Bestand-alt", LayerBar::Switch::On, why));
+    EXPECT_EQ(inked(view()->grab().toImage()), before);
+
+    // A layer made current at the command line shows in the list at once.
+    type("(setvar \"CLAYER\" \"Bestand-alt\")");
+    EXPECT_EQ(list->currentText(), "Bestand-alt");
+    EXPECT_FALSE(window->layerBar()->flip("Bestand-alt", LayerBar::Switch::Thawed, why));
+    EXPECT_NE(why.find("current layer"), std::string::npos);
+
+    window->layerBar()->choose("0");
+    EXPECT_EQ(app->drawing().getVar("CLAYER")->text, "0");
+    // A layer created from LISP appears in the list.
+    type("(command \"_.LAYER\" \"_New\" \"Neu\" \"\")");
+    EXPECT_GE(list->findText("Neu"), 0);
+}
+
+TEST_F(WindowTest, ChoosingALayerWithObjectsSelectedMovesThem) {
+    // Picks without a command make the selection the toolbar works on.
+    click({5.9425, 3});
+    click({6.0575, 3});
+    ASSERT_EQ(view()->selection().size(), 2u);
+    window->layerBar()->choose("0");
+    EXPECT_EQ(app->drawing().entity(0x9E)->layer, "0");
+    EXPECT_EQ(app->drawing().entity(0x9F)->layer, "0");
+    EXPECT_EQ(app->drawing().entity(0xA0)->layer, "Bestand-alt");
+    EXPECT_TRUE(window->isModified(app->current()));
+    // Shift takes a pick out of the selection again.
+    click({6.0575, 3}, Qt::ShiftModifier);
+    EXPECT_EQ(view()->selection(), std::vector<Handle>{0x9E});
+}
+
+}  // namespace
+}  // namespace cadhost::gui
