@@ -3,7 +3,6 @@
 #include <optional>
 
 #include "module/HostBinding.h"
-#include "base/Printf.h"
 #include "module/lisp/CallFrame.h"
 #include "layers/ColorText.h"
 
@@ -60,19 +59,6 @@ std::optional<HostColor> colorOfArgument(const CallFrame& frame, size_t i) {
     return std::nullopt;
 }
 
-// The colour as the host's CECOLOR text.
-std::string currentColorText(const HostColor& c) {
-    switch (c.method) {
-        case HostColor::Method::ByLayer: return "BYLAYER";
-        case HostColor::Method::ByBlock: return "BYBLOCK";
-        case HostColor::Method::Index: return std::to_string(c.index);
-        case HostColor::Method::TrueColor: return format("RGB:%d,%d,%d", c.red, c.green, c.blue);
-        case HostColor::Method::ColorBook: return c.bookName + "$" + c.colorName;
-        case HostColor::Method::None: break;
-    }
-    return {};
-}
-
 }  // namespace
 
 // (kemb_GetLayerRgbColor command layer) gives (red green blue) of the drawing layer's colour.
@@ -106,7 +92,7 @@ int kemb_setCurrentColorFromLisp() {
     if (!frame.check({{ArgKind::Any}})) return RSRSLT;
     const auto color = colorOfArgument(frame, 0);
     if (!color) return RSRSLT;
-    if (host().setVar("CECOLOR", ResBuf::str(currentColorText(*color))) == RTNORM) host().retT();
+    if (host().setVar("CECOLOR", ResBuf::str(colorText(*color))) == RTNORM) host().retT();
     return RSRSLT;
 }
 

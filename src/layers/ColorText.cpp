@@ -61,4 +61,16 @@ ResBufChain colorDataList(const HostColor& color) {
     return list;
 }
 
+std::string colorText(const HostColor& c) {
+    switch (c.method) {
+        case HostColor::Method::ByLayer: return "BYLAYER";
+        case HostColor::Method::ByBlock: return "BYBLOCK";
+        case HostColor::Method::Index: return std::to_string(c.index);
+        case HostColor::Method::TrueColor: return format("RGB:%d,%d,%d", c.red, c.green, c.blue);
+        case HostColor::Method::ColorBook: return c.bookName + "$" + c.colorName;
+        case HostColor::Method::None: break;
+    }
+    return {};
+}
+
 }  // namespace ardo

@@ -18,4 +18,8 @@ int parseColorText(HostColor& color, const std::string& text);
 // book colours. True and book colours carry the nearest index colour in group 62.
 ResBufChain colorDataList(const HostColor& color);
 
+// The colour as the host writes it in CECOLOR: BYLAYER, BYBLOCK, an index, "RGB:r,g,b" or
+// "book$colour"; empty for no colour.
+std::string colorText(const HostColor& color);
+
 }  // namespace ardo

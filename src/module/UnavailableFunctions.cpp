@@ -3,6 +3,7 @@
 #include "module/HostBinding.h"
 #include "base/Printf.h"
 #include "messages/MessageFile.h"
+#include "module/DialogHandlers.h"
 
 namespace ardo::handlers {
 
@@ -17,12 +18,30 @@ int notAvailable(const char* function, bool isCommand) {
 
 }  // namespace
 
-int kemb_layerDialog() { return notAvailable("kemb_layerDialog", false); }
-int kemb_ArdoIniDialog() { return notAvailable("kemb_ArdoIniDialog", false); }
-int C_Kemb_EditLayers() { return notAvailable("Kemb_EditLayers", true); }
+int kemb_layerDialog() {
+    if (LispHandler h = dialogHandlers().layerDialog) return h();
+    return notAvailable("kemb_layerDialog", false);
+}
+int kemb_ArdoIniDialog() {
+    if (LispHandler h = dialogHandlers().ardoIniDialog) return h();
+    return notAvailable("kemb_ArdoIniDialog", false);
+}
+int C_Kemb_EditLayers() {
+    if (LispHandler h = dialogHandlers().editLayers) return h();
+    return notAvailable("Kemb_EditLayers", true);
+}
 int kemb_ColorDialog() { return notAvailable("kemb_ColorDialog", false); }
 int kemb_Highlight() { return notAvailable("kemb_Highlight", false); }
 int C_kemb_HighlightOptions() { return notAvailable("kemb_HighlightOptions", true); }
 int kemb_MakeAreaShape() { return notAvailable("kemb_MakeAreaShape", false); }
 
 }  // namespace ardo::handlers
+
+namespace ardo {
+
+DialogHandlers& dialogHandlers() {
+    static DialogHandlers handlers;
+    return handlers;
+}
+
+}  // namespace ardo

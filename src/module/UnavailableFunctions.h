@@ -1,7 +1,8 @@
 #pragma once
 // Functions of the table whose work (the layer dialog, highlighting, the colour dialog,
 // area shapes) this build does not contain yet. Each tells the user so on the command
-// line, with the message file's "NotAvailable" text, and returns nil.
+// line, with the message file's "NotAvailable" text, and returns nil. The dialog functions
+// go to their dialogs once the module file has installed them.
 
 namespace ardo::handlers {
 

@@ -59,8 +59,7 @@ std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::st
     if (const auto linetype = drawing.getVar("CELTYPE"); linetype && !linetype->text.empty() &&
                                                           ardo::upperCase(linetype->text) != "BYLAYER")
         tags.push_back({6, linetype->text});
-    if (const auto color = drawing.getVar("CECOLOR"); color && color->integer != 256)
-        tags.push_back({62, std::to_string(color->integer)});
+    for (EntityTag& color : drawing.currentColorTags()) tags.push_back(std::move(color));
     if (const auto weight = drawing.getVar("CELWEIGHT"); !r12 && weight && weight->integer != -1)
         tags.push_back({370, std::to_string(weight->integer)});
     if (!r12) tags.push_back({100, std::string(subclass)});

@@ -132,6 +132,9 @@ public:
     // CECOLOR takes the texts getVar gives (any case; "255,128,0" for a true colour too)
     // and an index from 0 (BYBLOCK) to 256 (BYLAYER).
     ardo::DbStatus setVar(std::string_view name, const ardo::ResBuf& value);
+    // The colour groups a new entity takes from CECOLOR: none for BYLAYER, 62 for BYBLOCK
+    // and index colours, 420 for a true colour, 430 for a colour-book colour.
+    std::vector<EntityTag> currentColorTags() const;
     // For the command processor, which alone knows whether a command runs.
     void setCommandActive(int bits) { cmdActive_ = bits; }
 

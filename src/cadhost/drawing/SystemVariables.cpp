@@ -217,4 +217,23 @@ DbStatus Drawing::storeCurrentColor(const ResBuf& value) {
     return DbStatus::Ok;
 }
 
+std::vector<EntityTag> Drawing::currentColorTags() const {
+    const auto current = getVar("CECOLOR");
+    if (!current) return {};
+    const auto color = currentColorOf(current->text);
+    if (const auto* index = std::get_if<long long>(&color))
+        return *index == kByLayer ? std::vector<EntityTag>{} : std::vector<EntityTag>{{62, std::to_string(*index)}};
+    const auto* text = std::get_if<std::string>(&color);
+    if (!text) return {};
+    if (!text->starts_with("RGB:")) return {{430, *text}};
+    int rgb = 0;
+    std::string_view parts = std::string_view(*text).substr(4);
+    for (int part = 0; part < 3; ++part) {
+        const auto comma = parts.find(',');
+        rgb = rgb * 256 + static_cast<int>(toIntegerWithin(parts.substr(0, comma), 0, 255).value_or(0));
+        parts.remove_prefix(comma == std::string_view::npos ? parts.size() : comma + 1);
+    }
+    return {{420, std::to_string(rgb)}};
+}
+
 }  // namespace cadhost

@@ -2,6 +2,7 @@
 #include <dlfcn.h>
 
 #include "about/ProductDialogs.h"
+#include "dialog/LayerDialogRun.h"
 #include "help/Help.h"
 #include "help/window/HelpWindow.h"
 #include "module/ModuleEntry.h"
@@ -21,6 +22,7 @@ void rememberModulePath() {
 void installWindows() {
     ardo::setHelpViewer(ardo::showHelpAddress);
     ardo::setProductWindowOpener(ardo::openProductWindow);
+    ardo::installLayerDialogHandlers();
 }
 
 __attribute__((constructor)) void attachProcess() {

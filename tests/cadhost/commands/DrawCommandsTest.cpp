@@ -157,6 +157,24 @@ TEST_F(DrawCommands, NewEntitiesTakeTheCurrentPropertiesAndPassEzdxfsAudit) {
     EXPECT_EQ(report.output, "errors 0\n" + expected) << report.output;
 }
 
+TEST_F(DrawCommands, NewEntitiesTakeEveryKindOfCurrentColour) {
+    const auto colourGroups = [this](const char* current) {
+        EXPECT_EQ(cl.drawing.setVar("CECOLOR", S(current)), ardo::DbStatus::Ok) << current;
+        EXPECT_EQ(cl.feed({S("_.POINT"), S("1,1")}), RTNORM);
+        auto newest = cl.drawing.firstEntity();
+        while (auto next = cl.drawing.nextEntity(*newest)) newest = next;
+        std::vector<EntityTag> groups;
+        for (const EntityTag& tag : cl.drawing.entityTags(*newest))
+            if (tag.code == 62 || tag.code == 420 || tag.code == 430) groups.push_back(tag);
+        return groups;
+    };
+    EXPECT_EQ(colourGroups("bylayer"), std::vector<EntityTag>{});
+    EXPECT_EQ(colourGroups("BYBLOCK"), (std::vector<EntityTag>{{62, "0"}}));
+    EXPECT_EQ(colourGroups("5"), (std::vector<EntityTag>{{62, "5"}}));
+    EXPECT_EQ(colourGroups("255,128,0"), (std::vector<EntityTag>{{420, "16744448"}}));
+    EXPECT_EQ(colourGroups("RAL CLASSIC$RAL 1000"), (std::vector<EntityTag>{{430, "RAL CLASSIC$RAL 1000"}}));
+}
+
 }  // namespace cadhost::test
 
 namespace cadhost::test {
