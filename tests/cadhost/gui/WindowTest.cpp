@@ -15,6 +15,8 @@
 #include <QTimer>
 #include <filesystem>
 
+#include "support/TempFolder.h"
+
 #include "cadhost/app/Application.h"
 #include "cadhost/gui/CadWindow.h"
 #include "cadhost/gui/CommandDock.h"
@@ -25,13 +27,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Removed at exit with everything the window wrote into it.
 const fs::path& scratch() {
-    static const fs::path folder = [] {
-        fs::path f = fs::temp_directory_path() / ("ardo-window-test-" + std::to_string(::getpid()));
-        fs::create_directories(f);
-        return f;
-    }();
-    return folder;
+    static const ardo::test::TempFolder folder;
+    return folder.path();
 }
 
 QApplication& qt() {
