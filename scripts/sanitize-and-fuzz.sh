@@ -14,7 +14,8 @@ jobs=${JOBS:-$(nproc)}
 cmake --preset sanitize >/dev/null
 if [ -z "${FUZZ_ONLY:-}" ]; then
   cmake --build --preset sanitize -j "$jobs"
-  ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 ctest --preset sanitize -j "$jobs"
+  ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+    LSAN_OPTIONS="suppressions=$PWD/scripts/lsan-suppressions.txt" ctest --preset sanitize -j "$jobs"
 else
   cmake --build --preset sanitize -j "$jobs" --target fuzzers
 fi

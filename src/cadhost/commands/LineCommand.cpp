@@ -52,7 +52,8 @@ private:
         return Step::More;
     }
 
-    bool addSegment(const ardo::Point3& to) {
+    // By value: `to` may be one of points_, which the push below can move.
+    bool addSegment(ardo::Point3 to) {
         std::vector<EntityTag> data;
         appendPoint(data, 10, points_.back());
         appendPoint(data, 11, to);
