@@ -23,12 +23,13 @@ std::vector<std::vector<OwnedTag>> allTags(const DxfDocument& doc) {
     return out;
 }
 
-// Text values come back as they were, a value with a line break in caret form. A binary
-// file keeps numbers as numbers, whose text comes back in its shortest form, so only the
-// codes are compared there.
+// Text values come back as they were; a value that had to be written with a line break in
+// caret form comes back in that form. A value read with a lone carriage return is written
+// as it was, so it comes back unchanged. A binary file keeps numbers as numbers, whose text
+// comes back in its shortest form, so only the codes are compared there.
 bool sameValue(const std::string& written, const std::string& read) {
-    if (written.find_first_of("\r\n") == std::string::npos) return written == read;
-    return cadhost::caretDecode(read) == written;
+    if (written == read) return true;
+    return written.find_first_of("\r\n") != std::string::npos && cadhost::caretDecode(read) == written;
 }
 
 bool sameRecords(const DxfDocument& a, const DxfDocument& b, bool exactText) {
