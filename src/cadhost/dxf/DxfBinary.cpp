@@ -178,8 +178,12 @@ void appendBinaryTag(std::string& out, int code, std::string_view value, bool on
         }
         case ValueKind::String:
         case ValueKind::Handle:
-            // A NUL ends the value in this form.
-            out += value.substr(0, value.find('\0'));
+            // A NUL ends the value in this form, so a value holding one is written in caret
+            // form, as the text form writes a line break; the rest of the value survives.
+            if (value.find('\0') == std::string_view::npos)
+                out += value;
+            else
+                out += caretEncode(value);
             out += '\0';
             break;
     }

@@ -153,5 +153,18 @@ TEST(RoundTrip, TheWriterNeverBreaksAValueLine) {
     }
 }
 
+// A binary string ends at its first NUL; a value holding one must not cut the record, and
+// a section name cut to nothing would make the whole file unreadable.
+TEST(RoundTrip, ABinaryFileKeepsAValueWithANulByte) {
+    const std::string bytes = std::string("  0\nSECTION\n  2\n\0\0ENTITIES\n  0\nTEXT\n  1\nx\0y\n  0\nENDSEC\n  0\nEOF\n", 63);
+    auto doc = std::get<DxfDocument>(DxfDocument::parse(bytes));
+    ASSERT_EQ(doc.serialize(), bytes);
+    auto again = DxfDocument::parse(doc.serialize(DxfForm::Binary));
+    ASSERT_TRUE(std::holds_alternative<DxfDocument>(again)) << std::get<DxfError>(again).message;
+    const auto& read = std::get<DxfDocument>(again);
+    EXPECT_EQ(caretDecode(read.tags(read.first())[1].value), std::string("\0\0ENTITIES", 10));
+    EXPECT_EQ(caretDecode(read.tags(read.next(read.first()))[1].value), std::string("x\0y", 3));
+}
+
 }  // namespace
 }  // namespace cadhost
