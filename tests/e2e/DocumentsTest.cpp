@@ -9,6 +9,7 @@
 #include "cadhost/app/Application.h"
 #include "cadhost/app/ConsoleInterface.h"
 #include "e2e/E2eSupport.h"
+#include "support/EnvironmentOverride.h"
 
 namespace ardo::e2e {
 namespace {
@@ -73,7 +74,7 @@ struct Tally final : cadhost::DrawingListener {
 
 TEST(Documents, ListenersHearWhatTheModuleChangedInTheirDrawing) {
     const Installation install;
-    setenv("TMPDIR", install.scratch("tmp").c_str(), 1);
+    const ardo::test::EnvironmentOverride tmp("TMPDIR", install.scratch("tmp"));
     std::string printed;
     cadhost::ConsoleInterface ui([&](std::string_view text) { printed += text; });
     cadhost::Application app(ui);

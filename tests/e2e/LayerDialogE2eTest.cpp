@@ -19,6 +19,7 @@
 #include "cadhost/app/ModuleLoader.h"
 #include "dialog/GuiApplication.h"
 #include "e2e/E2eSupport.h"
+#include "support/EnvironmentOverride.h"
 
 namespace ardo::e2e {
 namespace {
@@ -48,17 +49,10 @@ int rowNamed(QTableView& table, const QString& name) {
 // TMPDIR points into the installation for one test and is given back afterwards.
 class TemporaryFolderOf {
 public:
-    explicit TemporaryFolderOf(const Installation& install) {
-        if (const char* old = std::getenv("TMPDIR")) old_ = old;
-        setenv("TMPDIR", install.scratch("tmp").c_str(), 1);
-    }
-    ~TemporaryFolderOf() {
-        if (old_) setenv("TMPDIR", old_->c_str(), 1);
-        else unsetenv("TMPDIR");
-    }
+    explicit TemporaryFolderOf(const Installation& install) : tmp_("TMPDIR", install.scratch("tmp")) {}
 
 private:
-    std::optional<std::string> old_;
+    ardo::test::EnvironmentOverride tmp_;
 };
 
 TEST(LayerDialogE2e, EditLayersRenamesSavesAndRegenerates) {

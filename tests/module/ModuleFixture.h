@@ -15,6 +15,7 @@
 #include "module/ModuleState.h"
 #include "messages/MessageFile.h"
 #include "settings/ModuleFiles.h"
+#include "support/EnvironmentOverride.h"
 #include "support/ScriptedHost.h"
 #include "support/TempFolder.h"
 
@@ -29,13 +30,11 @@ protected:
         fs::create_directory(folder.path() / "prog/users");  // the user root is installed, not created
         programFolder = folder / "prog/";
         tempFolder = folder / "tmp/";
-        if (const char* old = std::getenv("TMPDIR")) savedTmpDir = old;
-        ::setenv("TMPDIR", tempFolder.c_str(), 1);
+        tmpDir.emplace("TMPDIR", tempFolder);
         moduleFiles().modulePath = programFolder + "ardo.arx";
     }
     void TearDown() override {
-        if (savedTmpDir) ::setenv("TMPDIR", savedTmpDir->c_str(), 1);
-        else ::unsetenv("TMPDIR");
+        tmpDir.reset();
         moduleFiles().release();
         moduleFiles() = ModuleFiles{};
         MessageFile::instance().release();
@@ -68,7 +67,7 @@ protected:
     std::string tempFolder;
 
 private:
-    std::optional<std::string> savedTmpDir;
+    std::optional<test::EnvironmentOverride> tmpDir;
 };
 
 }  // namespace ardo::test

@@ -5,6 +5,7 @@
 #include "module/paths/PathsFixture.h"
 #include "module/paths/PathJoin.h"
 #include "module/paths/Platform.h"
+#include "support/EnvironmentOverride.h"
 
 namespace ardo {
 namespace {
@@ -111,15 +112,14 @@ TEST_F(PathFunctionsTest, NameFunctionsGiveTheLoginAndComputerNames) {
 }
 
 TEST_F(PathFunctionsTest, TempPathFollowsTmpdirAndEndsWithTheSeparator) {
-    const char* saved = std::getenv("TMPDIR");
-    const std::string savedValue = saved ? saved : "";
-    setenv("TMPDIR", (folder / "temp").c_str(), 1);
-    host.call(kemb_GetUserTempPath, {str("ignored")});
-    EXPECT_EQ(host.result, ResBufChain{str(folder / "temp/")});
-    unsetenv("TMPDIR");
+    {
+        const test::EnvironmentOverride tmp("TMPDIR", folder / "temp");
+        host.call(kemb_GetUserTempPath, {str("ignored")});
+        EXPECT_EQ(host.result, ResBufChain{str(folder / "temp/")});
+    }
+    const test::EnvironmentOverride none("TMPDIR", std::nullopt);
     host.call(kemb_GetUserTempPath, {});
     EXPECT_EQ(host.result, ResBufChain{str("/tmp/")});
-    if (saved) setenv("TMPDIR", savedValue.c_str(), 1);
 }
 
 TEST(PathJoin, OneSeparatorBetweenFolderAndName) {
