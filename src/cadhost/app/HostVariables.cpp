@@ -25,6 +25,8 @@ std::string tempPrefix() {
     return folder;
 }
 
+constexpr long long kMaxSaveTime = 600;
+
 bool isInteger(short type) { return type == ardo::RTSHORT || type == ardo::RTLONG; }
 
 }  // namespace
@@ -38,7 +40,8 @@ HostVariables::HostVariables() {
         {"TEMPPREFIX", ResBuf::str(tempPrefix())},
         {"SDI", ResBuf::shortInt(0)},
     };
-    writable_ = {{"ERRNO", ResBuf::shortInt(0)}};
+    // SAVETIME: minutes between automatic saves of changed drawings, 0 for none.
+    writable_ = {{"ERRNO", ResBuf::shortInt(0)}, {"SAVETIME", ResBuf::shortInt(10)}};
     for (char n = '1'; n <= '5'; ++n) writable_.emplace(std::string("USERS") + n, ResBuf::str(""));
 }
 
@@ -62,6 +65,7 @@ bool HostVariables::set(const std::string& name, const ResBuf& value) {
         return true;
     }
     if (!isInteger(value.restype)) return false;
+    if (name == "SAVETIME" && (value.integer < 0 || value.integer > kMaxSaveTime)) return false;
     held.integer = value.integer;
     return true;
 }
