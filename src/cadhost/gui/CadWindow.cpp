@@ -100,12 +100,16 @@ CadWindow::CadWindow(std::string historyFile, const QString& recoveryFolder) : a
     connect(tabs_, &QTabWidget::tabCloseRequested, this, &CadWindow::closeTab);
     dock_->setEntered([this](const std::string& line) { enterLine(line); });
     dock_->setCancelled([this] { cancel(); });
-    autoSaveTimer_ = new QTimer(this);
-    autoSaveTimer_->setSingleShot(true);
-    connect(autoSaveTimer_, &QTimer::timeout, this, [this] {
-        if (saveTime_ > 0) autoSaveNow();
-        armAutoSave();
+    // SAVETIME is read each minute, so a new value counts at once.
+    auto* minute = new QTimer(this);
+    connect(minute, &QTimer::timeout, this, [this] {
+        const int saveTime = minutesBetweenSaves();
+        if (saveTime > 0 && ++minutesWaited_ >= saveTime) {
+            autoSaveNow();
+            minutesWaited_ = 0;
+        }
     });
+    minute->start(60 * 1000);
 }
 
 CadWindow::~CadWindow() = default;
@@ -166,7 +170,6 @@ void CadWindow::attach(Application& app) {
     commandLine_ = std::make_unique<CommandLine>(app);
     syncDocuments();
     updatePrompt();
-    armAutoSave();
     // Typing goes to the command line from the start, as in the common hosts.
     dock_->input()->setFocus();
 }
@@ -553,18 +556,10 @@ void CadWindow::updateDisplay() {
 
 // --- documents -------------------------------------------------------------------------
 
-// SAVETIME is read again for each wait, so a new value counts from the next save on; with
-// 0 the window looks again in a minute.
-void CadWindow::armAutoSave() {
-    constexpr int kMinute = 60 * 1000;
-    int minutes = 0;
-    if (app_) {
-        ardo::ResBuf value;
-        if (app_->hasDocument() && app_->getVar(app_->current(), "SAVETIME", value) == ardo::RTNORM)
-            minutes = static_cast<int>(value.integer);
-    }
-    saveTime_ = minutes;
-    autoSaveTimer_->start(std::max(minutes, 1) * kMinute);
+int CadWindow::minutesBetweenSaves() const {
+    ardo::ResBuf value;
+    if (!app_ || !app_->hasDocument() || app_->getVar(app_->current(), "SAVETIME", value) != ardo::RTNORM) return 0;
+    return static_cast<int>(value.integer);
 }
 
 void CadWindow::autoSaveNow() {

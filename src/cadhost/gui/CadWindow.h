@@ -18,7 +18,6 @@ class QEventLoop;
 class QLabel;
 class QMenu;
 class QTabWidget;
-class QTimer;
 
 namespace cadhost {
 class Application;
@@ -99,7 +98,8 @@ private:
     void showCurrent();
     void updatePrompt();
     void showMarks();
-    void armAutoSave();
+    // SAVETIME: 0 when automatic saves are off.
+    int minutesBetweenSaves() const;
     void showMarksSoon();
     // Escape: cancels the question waiting from LISP or the running command.
     void cancel();
@@ -133,8 +133,7 @@ private:
     QMenu* recentMenu_ = nullptr;
     std::vector<std::unique_ptr<Page>> pages_;
     AutoSave autoSave_;
-    QTimer* autoSaveTimer_;
-    int saveTime_ = 0;   // SAVETIME when the timer was set
+    int minutesWaited_ = 0;   // since the last automatic save
     bool syncing_ = false;
     bool displayPending_ = false;
     bool marksPending_ = false;

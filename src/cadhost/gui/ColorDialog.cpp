@@ -291,6 +291,7 @@ void ColorDialog::display(const QWidget* from) {
                     if (color_.colorName == book.colors[i].name) row = static_cast<int>(i);
             }
         bookColors_->setCurrentRow(row);
+        if (row >= 0) bookColors_->scrollToItem(bookColors_->item(row), QAbstractItemView::PositionAtCenter);
     }
     if (from != typed_) typed_->setText(colorText(color_));
     if (meta) {
