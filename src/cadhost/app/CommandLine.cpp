@@ -47,31 +47,67 @@ bool expressionComplete(std::string_view source) {
     return depth <= 0;
 }
 
+bool CommandLine::busy() const {
+    return !openExpression_.empty() || documents_.waiting() || host_.commands().active();
+}
+
+CommandLine::Route CommandLine::route(std::string_view line) const {
+    if (!openExpression_.empty()) return Route::MoreExpression;
+    if (documents_.waiting()) return Route::DocumentAnswer;
+    if (host_.commands().active()) return Route::CommandAnswer;
+    const std::string_view text = ardo::trimWhite(line);
+    if (text.starts_with('(')) return Route::Expression;
+    if (text.starts_with('!')) return Route::Variable;
+    return text.empty() ? Route::Nothing : Route::Command;
+}
+
+CommandLine::CommandKind CommandLine::kindOf(const std::string& word) const {
+    const std::string name = ardo::upperCase(word);
+    if (name == "QUIT" || name == "EXIT") return CommandKind::Quit;
+    if (DocumentCommands::knows(name)) return CommandKind::Documents;
+    if (host_.lisp().isCommand(word)) return CommandKind::Lisp;
+    return host_.commands().knows(word) ? CommandKind::Host : CommandKind::Unknown;
+}
+
+bool CommandLine::commandEcho() const { return host_.commands().echoes(); }
+
+bool CommandLine::echoesItself(std::string_view line) const {
+    const std::string_view text = ardo::trimWhite(line);
+    switch (route(line)) {
+    case Route::CommandAnswer:
+        // A LISP expression answers with its value, which is what the command echoes.
+        return !text.starts_with('(') && commandEcho();
+    case Route::Command:
+        return kindOf(words(text).front()) == CommandKind::Host && commandEcho();
+    default:
+        return false;
+    }
+}
+
 void CommandLine::enter(std::string_view line) {
-    if (!openExpression_.empty()) {
+    const std::string_view text = ardo::trimWhite(line);
+    switch (route(line)) {
+    case Route::MoreExpression: {
         openExpression_ += '\n';
         openExpression_ += line;
         if (!expressionComplete(openExpression_)) return;
         const std::string source = std::move(openExpression_);
         openExpression_.clear();
         evaluate(source);
-    } else if (documents_.waiting()) {
-        documents_.answer(line);
-    } else if (host_.commands().active()) {
-        answer(line);
-    } else {
-        const std::string_view text = ardo::trimWhite(line);
-        if (text.starts_with('(')) {
-            if (!expressionComplete(text)) {
-                openExpression_ = std::string(text);
-                return;
-            }
-            evaluate(text);
-        } else if (text.starts_with('!')) {
-            evaluate(text.substr(1));
-        } else if (!text.empty()) {
-            startCommand(text);
+        break;
+    }
+    case Route::DocumentAnswer: documents_.answer(line); break;
+    case Route::CommandAnswer: answer(line); break;
+    case Route::Expression:
+        if (!expressionComplete(text)) {
+            openExpression_ = std::string(text);
+            return;
         }
+        evaluate(text);
+        break;
+    case Route::Variable: evaluate(text.substr(1)); break;
+    case Route::Command: startCommand(text); break;
+    case Route::Nothing: break;
     }
     host_.idle();
 }
@@ -100,22 +136,17 @@ void CommandLine::answer(std::string_view line) {
 void CommandLine::startCommand(std::string_view line) {
     const std::vector<std::string> parts = words(line);
     const std::string name = ardo::upperCase(parts.front());
-    if (name == "QUIT" || name == "EXIT") {
-        quit_ = true;
-        return;
-    }
-    if (DocumentCommands::knows(name)) {
+    switch (kindOf(parts.front())) {
+    case CommandKind::Quit: quit_ = true; return;
+    case CommandKind::Documents:
         documents_.run(name, line.substr(parts.front().size()));   // the line comes trimmed
         return;
-    }
-    if (host_.lisp().isCommand(parts.front())) {
-        host_.lisp().runCommand(parts.front());
-        return;
-    }
-    if (!host_.commands().knows(parts.front())) {
+    case CommandKind::Lisp: host_.lisp().runCommand(parts.front()); return;
+    case CommandKind::Unknown:
         ++failures_;
         host_.print("Unknown command \"" + name + "\".  Press F1 for help.\n");
         return;
+    case CommandKind::Host: break;
     }
     for (const std::string& token : parts) {
         feed(token);

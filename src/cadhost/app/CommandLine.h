@@ -26,11 +26,25 @@ public:
     // Ends the input; an expression left open is reported as the host reports it.
     void finish();
     bool quitRequested() const;
+    // True while a line would go to something under way (a command, an open expression,
+    // a drawing command's question) rather than start something new.
+    bool busy() const;
+    // True when the command processor shows this line on the command line itself (a host
+    // command's name or an answer to its prompt, with CMDECHO on); a window that echoes
+    // typed lines echoes every other one, so each shows once.
+    bool echoesItself(std::string_view line) const;
+    // CMDECHO of the current drawing: whether commands echo their input and prompts.
+    bool commandEcho() const;
     // How many lines failed so far: a LISP error, an unknown command, an expression left
     // open. A session's start-up steps must not fail.
     std::size_t failures() const { return failures_; }
 
 private:
+    enum class Route { MoreExpression, DocumentAnswer, CommandAnswer, Expression, Variable, Command, Nothing };
+    enum class CommandKind { Quit, Documents, Lisp, Host, Unknown };
+    // Where a line goes; entering it and echoing it follow the same rule.
+    Route route(std::string_view line) const;
+    CommandKind kindOf(const std::string& word) const;
     void evaluate(std::string_view source);
     void answer(std::string_view line);
     void startCommand(std::string_view line);

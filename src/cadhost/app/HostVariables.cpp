@@ -25,6 +25,8 @@ std::string tempPrefix() {
     return folder;
 }
 
+constexpr long long kMaxSaveTime = 600;
+
 bool isInteger(short type) { return type == ardo::RTSHORT || type == ardo::RTLONG; }
 
 }  // namespace
@@ -39,6 +41,8 @@ HostVariables::HostVariables() {
         {"SDI", {ResBuf::shortInt(0)}},
         {"ERRNO", {ResBuf::shortInt(0), true}},
     };
+    // SAVETIME: minutes between automatic saves of changed drawings, 0 for none.
+    held_.emplace_back("SAVETIME", Held{ResBuf::shortInt(10), true});
     for (char n = '1'; n <= '5'; ++n) held_.emplace_back(std::string("USERS") + n, Held{ResBuf::str(""), true});
 }
 
@@ -68,6 +72,7 @@ bool HostVariables::set(const std::string& name, const ResBuf& value) {
         return true;
     }
     if (!isInteger(value.restype)) return false;
+    if (name == "SAVETIME" && (value.integer < 0 || value.integer > kMaxSaveTime)) return false;
     held.integer = value.integer;
     return true;
 }

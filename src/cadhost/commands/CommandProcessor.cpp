@@ -79,6 +79,8 @@ int CommandProcessor::feed(const ardo::ResBufChain& tokens) {
 
 bool CommandProcessor::active() const { return impl_->active != nullptr; }
 
+bool CommandProcessor::echoes() const { return impl_->context.echoes(); }
+
 void CommandProcessor::cancel() {
     if (impl_->active) impl_->context.echo("*Cancel*\n");
     impl_->setActive(nullptr);

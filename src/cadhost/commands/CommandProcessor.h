@@ -45,6 +45,8 @@ public:
     int feed(const ardo::ResBufChain& tokens);
     // True while a command waits for more input (CMDACTIVE bit 1).
     bool active() const;
+    // Whether prompts and input are echoed (CMDECHO of the drawing).
+    bool echoes() const;
     void cancel();
     bool knows(const std::string& commandName) const;
 

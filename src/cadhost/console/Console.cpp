@@ -12,6 +12,7 @@
 
 #include "cadhost/app/Application.h"
 #include "cadhost/app/CommandLine.h"
+#include "cadhost/app/RepairReport.h"
 #include "cadhost/app/ConsoleInterface.h"
 #include "cadhost/console/LineReader.h"
 
@@ -28,10 +29,7 @@ bool openRecovered(const std::string& path, Application& app) {
         fail(recovered.error());
         return false;
     }
-    for (const DxfRepair& r : recovered->repairs) std::cout << "Line " << r.line << ": " << r.what << '\n';
-    const std::size_t n = recovered->repairs.size();
-    std::cout << (n == 0 ? std::string("The drawing needed no repair.\n")
-                         : std::to_string(n) + (n == 1 ? " repair" : " repairs") + " made.\n");
+    std::cout << repairReport(recovered->repairs);
     app.addDocument(std::move(recovered->drawing), true);
     return true;
 }

@@ -58,6 +58,7 @@ int runWindow(const ConsoleOptions& o, const std::string& programFolder, int& ar
     }
     app.idle();
     window.refresh();
+    window.offerRecovery();
     runSteps(o, window);
     const int code = QApplication::exec();
     app.modules().quit();

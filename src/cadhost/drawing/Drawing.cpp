@@ -265,6 +265,7 @@ ardo::Status Drawing::save(const std::string& path, DxfForm form) {
     }
     setPath(path);
     savedChanges_ = doc_.changeCount();
+    restored_ = false;
     return {};
 }
 

@@ -80,7 +80,10 @@ public:
     std::string toDxf();
     DxfForm form() const { return form_; }
     // Whether anything was changed since the drawing was read or last saved.
-    bool hasUnsavedChanges() const { return doc_.changeCount() != savedChanges_; }
+    bool hasUnsavedChanges() const { return restored_ || doc_.changeCount() != savedChanges_; }
+    // A drawing restored from a recovery file holds changes its own file does not have,
+    // until it is saved.
+    void markRestored() { restored_ = true; }
 
     std::string_view acadVersion() const { return version_; }
 
@@ -324,6 +327,7 @@ private:
     // A true or colour-book current colour; the header's $CECOLOR holds only an index.
     std::string currentColorBeyondIndex_;
     std::uint64_t savedChanges_ = 0;   // the document's change count when read or saved
+    bool restored_ = false;
     struct CurrentLayer {
         std::uint32_t headerRevision = 0;
         std::string name;

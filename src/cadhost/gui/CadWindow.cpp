@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QFile>
 #include <QFileInfo>
 #include <QIcon>
 #include <QLabel>
@@ -19,8 +20,13 @@
 #include "cadhost/app/Application.h"
 #include "cadhost/commands/CommandNames.h"
 #include "cadhost/lisp/Interpreter.h"
+#include "cadhost/app/RepairReport.h"
+#include "cadhost/gui/ColorDialog.h"
+#include "cadhost/gui/DrawingReading.h"
 #include "cadhost/gui/CommandDock.h"
 #include "cadhost/gui/LayerBar.h"
+#include "cadhost/gui/TextWindow.h"
+#include "cadhost/gui/ViewCommand.h"
 
 namespace cadhost::gui {
 
@@ -43,23 +49,30 @@ struct CadWindow::Page final : DrawingListener {
         if (attached) document->drawing().removeListener(*this);
     }
     void layerChanged(Change, const std::string&) override {
-        modified = true;
+        changed();
         if (layersChanged) layersChanged();
     }
-    void linetypeChanged(Change, const std::string&) override { modified = true; }
-    void entityChanged(Change, std::uint64_t) override { modified = true; }
+    void linetypeChanged(Change, const std::string&) override { changed(); }
+    void entityChanged(Change, std::uint64_t) override { changed(); }
     void variableChanged(const std::string& name) override {
+        changed();
         if (name == "CLAYER" && layersChanged) layersChanged();
     }
+    void changed() const {
+        if (marksChanged) marksChanged();
+    }
+    // The drawing keeps the count of changes since it was read or saved, whoever saved it
+    // (the menu, QSAVE typed or from LISP).
+    bool modified() const { return document->drawing().hasUnsavedChanges(); }
 
     Document* document;
     DrawingView* view;
-    bool modified = false;
     bool attached = true;
     std::function<void()> layersChanged;
+    std::function<void()> marksChanged;
 };
 
-CadWindow::CadWindow(std::string historyFile) {
+CadWindow::CadWindow(std::string historyFile, const QString& recoveryFolder) : autoSave_(recoveryFolder) {
     setObjectName("ardoCad");
     setWindowIcon(QIcon::fromTheme("ardo-cad"));
     tabs_ = new QTabWidget(this);
@@ -80,16 +93,23 @@ CadWindow::CadWindow(std::string historyFile) {
 
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int index) {
         if (syncing_ || !app_ || index < 0 || index >= static_cast<int>(pages_.size())) return;
+        viewCommand_.reset();   // it zooms the view it started on
         app_->activate(*pages_[static_cast<std::size_t>(index)]->document);
         showCurrent();
     });
     connect(tabs_, &QTabWidget::tabCloseRequested, this, &CadWindow::closeTab);
     dock_->setEntered([this](const std::string& line) { enterLine(line); });
-    dock_->setCancelled([this] {
-        if (waiting_) return answerPrompt(std::nullopt);
-        if (app_ && app_->commands().active()) app_->commands().cancel();
-        updatePrompt();
+    dock_->setCancelled([this] { cancel(); });
+    // SAVETIME is read each minute, so a new value counts at once.
+    auto* minute = new QTimer(this);
+    connect(minute, &QTimer::timeout, this, [this] {
+        const int saveTime = minutesBetweenSaves();
+        if (saveTime > 0 && ++minutesWaited_ >= saveTime) {
+            autoSaveNow();
+            minutesWaited_ = 0;
+        }
     });
+    minute->start(60 * 1000);
 }
 
 CadWindow::~CadWindow() = default;
@@ -126,6 +146,11 @@ void CadWindow::buildMenus() {
     add(view, tr("Zoom &Extents"), QKeySequence(Qt::Key_Home), [this] {
         if (auto* v = currentView()) v->zoomExtents();
     });
+    add(view, tr("Zoom &Window"), QKeySequence(), [this] {
+        viewCommand_.reset();
+        enterLine("'_zoom");
+        enterLine("_w");
+    });
     add(view, tr("Zoom &Previous"), QKeySequence(), [this] {
         if (auto* v = currentView()) v->zoomPrevious();
     });
@@ -137,6 +162,7 @@ void CadWindow::buildMenus() {
     });
     view->addSeparator();
     view->addAction(dock_->toggleViewAction());
+    add(view, tr("&Text Window"), QKeySequence(Qt::Key_F2), [this] { showTextWindow(); });
 }
 
 void CadWindow::attach(Application& app) {
@@ -162,7 +188,7 @@ CadWindow::Page* CadWindow::pageOf(const Document& document) const {
 
 bool CadWindow::isModified(const Document& document) const {
     const Page* page = pageOf(document);
-    return page && page->modified;
+    return page && page->modified();
 }
 
 // The tabs follow the application's documents, whoever opened or closed them (OPEN and
@@ -176,6 +202,8 @@ void CadWindow::syncDocuments() {
                                       [&](const auto& d) { return d.get() == page.document; });
         if (open) continue;
         page.attached = false;
+        viewCommand_.reset();
+        autoSave_.forget(*page.document);
         page.view->scene().forgetDrawing();
         tabs_->removeTab(static_cast<int>(i));
         delete page.view;
@@ -189,6 +217,7 @@ void CadWindow::syncDocuments() {
         pages_.back()->layersChanged = [this, d = document.get()] {
             if (app_ && app_->hasDocument() && &app_->current() == d) layerBar_->refresh();
         };
+        pages_.back()->marksChanged = [this] { showMarksSoon(); };
         tabs_->addTab(view, title(*document));
         if (document->titled()) remember(document->path());
     }
@@ -198,22 +227,48 @@ void CadWindow::syncDocuments() {
 
 void CadWindow::showCurrent() {
     if (!app_ || !app_->hasDocument()) return;
-    for (std::size_t i = 0; i < pages_.size(); ++i) {
-        const Page& page = *pages_[i];
-        tabs_->setTabText(static_cast<int>(i), title(*page.document) + (page.modified ? "*" : ""));
-        tabs_->setTabToolTip(static_cast<int>(i), QString::fromStdString(page.document->path()));
-    }
     Page* page = pageOf(app_->current());
     if (!page) return;
     layerBar_->setDrawing(&page->document->drawing(), [view = page->view] { return view->selection(); });
     syncing_ = true;
     tabs_->setCurrentWidget(page->view);
     syncing_ = false;
+    showMarks();
+}
+
+// Name and unsaved mark of each tab and of the window.
+void CadWindow::showMarks() {
+    if (!app_ || !app_->hasDocument()) return;
+    for (std::size_t i = 0; i < pages_.size(); ++i) {
+        const Page& page = *pages_[i];
+        tabs_->setTabText(static_cast<int>(i), title(*page.document) + (page.modified() ? "*" : ""));
+        tabs_->setTabToolTip(static_cast<int>(i), QString::fromStdString(page.document->path()));
+    }
+    // A drawing with nothing unsaved, however it was saved, needs no recovery file.
+    for (const auto& page : pages_)
+        if (!page->modified()) autoSave_.forget(*page->document);
+    const Page* page = pageOf(app_->current());
+    if (!page) return;
     setWindowTitle(title(*page->document) + "[*] - ardo-cad");
-    setWindowModified(page->modified);
+    setWindowModified(page->modified());
+}
+
+// Changes come many at a time (a command, a LISP loop): the marks follow once they are done.
+void CadWindow::showMarksSoon() {
+    if (marksPending_) return;
+    marksPending_ = true;
+    QTimer::singleShot(0, this, [this] {
+        marksPending_ = false;
+        showMarks();
+    });
 }
 
 void CadWindow::updatePrompt() {
+    if (viewCommand_) {
+        // ">>" marks a prompt of a transparent command, as the common hosts show it.
+        dock_->setPrompt((viewTransparent_ ? ">>" : "") + viewCommand_->prompt());
+        return;
+    }
     if (waiting_) {
         dock_->setPrompt(waiting_->question);
         return;
@@ -249,15 +304,68 @@ void CadWindow::updateCompletions() {
 }
 
 void CadWindow::enterLine(const std::string& line) {
+    if (runViewCommand(line)) return;
+    // The line stands once after its prompt in the text window: the command processor
+    // echoes what it takes, the window the rest.
+    if (waiting_ || !commandLine_ || !commandLine_->echoesItself(line)) print(dock_->prompt() + line + "\n");
     if (waiting_) return answerPrompt(PromptAnswer{line, std::nullopt, {}});
     if (!commandLine_) return;
     commandLine_->enter(line);
     refresh();
 }
 
+// ZOOM and PAN, alone or transparently during another prompt, run on the current view.
+bool CadWindow::runViewCommand(const std::string& line) {
+    const auto answer = [this](const std::string& text) {
+        std::string complaint;
+        if (!viewCommand_->take(text, complaint)) viewCommand_.reset();
+        print(complaint);
+    };
+    if (!viewCommand_) {
+        // "ZOOM W" starts the command and answers its prompts with the words after it.
+        QStringList words = QString::fromStdString(line).split(' ', Qt::SkipEmptyParts);
+        DrawingView* view = currentView();
+        viewTransparent_ = waiting_ || !commandLine_ || commandLine_->busy();
+        if (words.isEmpty() || !view ||
+            !(viewCommand_ = ViewCommand::start(words.takeFirst().toStdString(), viewTransparent_, *view)))
+            return false;
+        print(dock_->prompt() + line + "\n");
+        for (const QString& word : words)
+            if (viewCommand_) answer(word.toStdString());
+    } else {
+        print(dock_->prompt() + line + "\n");
+        answer(line);
+    }
+    updatePrompt();
+    if (auto* view = currentView()) view->update();
+    return true;
+}
+
+void CadWindow::cancel() {
+    if (viewCommand_) {
+        // Escape ends the zoom or pan; what it interrupted goes on.
+        print(dock_->prompt() + "*Cancel*\n");
+        viewCommand_.reset();
+        updatePrompt();
+        return;
+    }
+    // "*Cancel*" follows the prompt it cancels; a command echoing its input says it itself.
+    print(dock_->prompt());
+    if (waiting_) {
+        print("*Cancel*\n");
+        return answerPrompt(std::nullopt);
+    }
+    const bool running = app_ && app_->commands().active();
+    const bool saysItself = running && app_->commands().echoes();
+    if (running) app_->commands().cancel();
+    if (!saysItself) print("*Cancel*\n");
+    refresh();
+}
+
 DrawingView::Input CadWindow::viewInput() {
     DrawingView::Input input;
     input.request = [this] {
+        if (viewCommand_) return viewCommand_->request();
         if (waiting_) return waiting_->request;
         return app_ ? app_->commands().request() : commands::InputRequest{};
     };
@@ -268,6 +376,7 @@ DrawingView::Input CadWindow::viewInput() {
         dock_->input()->setFocus();
         QApplication::sendEvent(dock_->input(), event);
     };
+    input.cancel = [this] { cancel(); };
     input.cursor = [this](Vec2 at) {
         coordinates_->setText(QString("%1, %2").arg(at.x, 0, 'f', 4).arg(at.y, 0, 'f', 4));
     };
@@ -275,9 +384,15 @@ DrawingView::Input CadWindow::viewInput() {
 }
 
 void CadWindow::pointPicked(Vec2 at) {
+    if (viewCommand_) {
+        print(dock_->prompt() + QString("%1,%2\n").arg(at.x).arg(at.y).toStdString());
+        if (!viewCommand_->takePoint(at)) viewCommand_.reset();
+        updatePrompt();
+        return;
+    }
     const ardo::Point3 point{at.x, at.y, 0};
     if (waiting_) return answerPrompt(PromptAnswer{std::nullopt, point, {}});
-    dock_->print(dock_->prompt() + QString("%1,%2\n").arg(at.x).arg(at.y).toStdString());
+    if (!app_->commands().echoes()) print(dock_->prompt() + QString("%1,%2\n").arg(at.x).arg(at.y).toStdString());
     app_->command({ardo::ResBuf::point3(point)});
     refresh();
 }
@@ -326,7 +441,7 @@ std::optional<PromptAnswer> CadWindow::wait(const std::string& question, const c
         const std::string what = answer->point && answer->entities.empty() && !singlePick
                                      ? QString("%1,%2").arg((*answer->point)[0]).arg((*answer->point)[1]).toStdString()
                                      : std::to_string(answer->entities.size()) + " found";
-        dock_->print(question + what + "\n");
+        print(question + what + "\n");
     }
     updatePrompt();
     return answer;
@@ -383,11 +498,26 @@ ardo::MbAnswer CadWindow::messageBox(const std::string& text, const std::string&
     }
 }
 
+std::optional<int> CadWindow::chooseColor(ardo::HostColor& color, bool allowMetaColors) {
+    ColorDialog dialog(color, allowMetaColors, this);
+    if (dialog.exec() != QDialog::Accepted) return ardo::RTCAN;
+    color = dialog.color();
+    return ardo::RTNORM;
+}
+
 void CadWindow::alert(const std::string& text) {
     QMessageBox::warning(this, "ardo-cad", QString::fromStdString(text));
 }
 
-void CadWindow::print(std::string_view text) { dock_->print(text); }
+void CadWindow::print(std::string_view text) {
+    dock_->print(text);
+    if (textWindow_ && textWindow_->isVisible()) textWindow_->append(text);
+}
+
+void CadWindow::showTextWindow() {
+    if (!textWindow_) textWindow_ = new TextWindow(this);
+    textWindow_->showText(dock_->text());
+}
 
 // --- the host's redraw service ----------------------------------------------------------
 
@@ -426,6 +556,54 @@ void CadWindow::updateDisplay() {
 
 // --- documents -------------------------------------------------------------------------
 
+int CadWindow::minutesBetweenSaves() const {
+    ardo::ResBuf value;
+    if (!app_ || !app_->hasDocument() || app_->getVar(app_->current(), "SAVETIME", value) != ardo::RTNORM) return 0;
+    return static_cast<int>(value.integer);
+}
+
+void CadWindow::autoSaveNow() {
+    if (!app_) return;
+    std::vector<Document*> documents;
+    for (const auto& page : pages_) documents.push_back(page->document);
+    if (const std::string failed = autoSave_.saveChanged(documents); !failed.empty())
+        print(failed + "  Save the drawing yourself to keep its changes.\n");
+}
+
+void CadWindow::offerRecovery() {
+    const std::vector<AutoSave::LeftBehind> found = autoSave_.leftBehind();
+    if (found.empty() || !app_) return;
+    QString names;
+    for (const auto& drawing : found) names += "\n    " + QString::fromStdString(drawing.original);
+    QMessageBox box(QMessageBox::Question, "ardo-cad",
+                    tr("ardo-cad did not end normally. These drawings were saved automatically before:%1\n\n"
+                       "Recover them?").arg(names),
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Discard, this);
+    box.setDefaultButton(QMessageBox::Yes);
+    box.setInformativeText(tr("No keeps them for the next start; Discard deletes them."));
+    const int answer = box.exec();
+    if (answer == QMessageBox::No) return;
+    for (const auto& drawing : found) {
+        if (answer == QMessageBox::Discard) {
+            AutoSave::discard(drawing);
+            continue;
+        }
+        QFile file(drawing.file);
+        if (!file.open(QIODevice::ReadOnly)) continue;
+        auto restored = Drawing::fromBytes(file.readAll().toStdString(), drawing.original);
+        if (!restored) {
+            print(restored.error() + "\n");
+            continue;
+        }
+        restored->markRestored();
+        app_->addDocument(std::move(restored).value(), drawing.titled);
+        print("Recovered \"" + drawing.original + "\" from its automatic save; save it to keep it.\n");
+        AutoSave::discard(drawing);
+    }
+    app_->idle();
+    refresh();
+}
+
 void CadWindow::newDrawing() {
     app_->addDocument(Drawing(), false);
     app_->idle();
@@ -440,17 +618,38 @@ void CadWindow::openDialog() {
 
 bool CadWindow::openFiles(const QStringList& paths) {
     bool all = true;
-    for (const QString& path : paths) {
-        auto opened = app_->openDocument(path.toStdString());
-        if (!opened) {
-            // The reader's message; the drawings already open stay as they are.
-            QMessageBox::warning(this, tr("Open Drawing"), QString::fromStdString(opened.error()));
-            all = false;
-        }
-    }
+    for (const QString& path : paths) all = openFile(path.toStdString()) && all;
     app_->idle();
     refresh();
     return all;
+}
+
+// One drawing into a tab of its own. What cannot be read leaves the drawings already open
+// as they are; a damaged drawing the recover reading can mend is offered that way.
+bool CadWindow::openFile(const std::string& path) {
+    const auto cancelled = [&] {
+        print("Opening \"" + path + "\" was cancelled.\n");
+        return false;
+    };
+    Reading reading = readDrawing(path, ReadMode::Strict, this);
+    if (reading.cancelled) return cancelled();
+    if (!reading.drawing) {
+        const QString why = QString::fromStdString(reading.drawing.error());
+        Reading recovered = readDrawing(path, ReadMode::Recover, this);
+        if (recovered.cancelled) return cancelled();
+        if (!recovered.drawing) {
+            QMessageBox::warning(this, tr("Open Drawing"), why);
+            return false;
+        }
+        const auto answer = QMessageBox::question(
+            this, tr("Open Drawing"), why + "\n\n" + tr("The drawing is damaged. Open it in recover mode?"),
+            QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes);
+        if (answer != QMessageBox::Yes) return false;
+        reading = std::move(recovered);
+        print("Recovered \"" + path + "\":\n" + repairReport(reading.drawing->repairs));
+    }
+    app_->addDocument(std::move(reading.drawing->drawing), true);
+    return true;
 }
 
 bool CadWindow::saveCurrent(std::optional<std::string> path) {
@@ -464,7 +663,6 @@ bool CadWindow::saveCurrent(std::optional<std::string> path) {
         QMessageBox::warning(this, tr("Save Drawing"), QString::fromStdString(saved.error()));
         return false;
     }
-    if (Page* page = pageOf(document)) page->modified = false;
     remember(*path);
     print("Saved \"" + *path + "\".\n");
     showCurrent();
@@ -482,7 +680,7 @@ bool CadWindow::saveAsDialog() {
 }
 
 bool CadWindow::mayClose(Page& page) {
-    if (!page.modified) return true;
+    if (!page.modified()) return true;
     app_->activate(*page.document);
     showCurrent();
     const auto answer = QMessageBox::question(

@@ -11,6 +11,7 @@
 
 #include "cadhost/app/CommandLine.h"
 #include "cadhost/app/UserInterface.h"
+#include "cadhost/gui/AutoSave.h"
 #include "cadhost/gui/DrawingView.h"
 
 class QEventLoop;
@@ -27,10 +28,13 @@ namespace cadhost::gui {
 
 class CommandDock;
 class LayerBar;
+class TextWindow;
+class ViewCommand;
 
 class CadWindow final : public QMainWindow, public UserInterface, public MainWindow {
 public:
-    explicit CadWindow(std::string historyFile);
+    // Recovery files of the automatic save go to `recoveryFolder`.
+    explicit CadWindow(std::string historyFile, const QString& recoveryFolder = AutoSave::defaultFolder());
     ~CadWindow() override;
 
     // Shows the application's documents and takes its command line; called once the
@@ -52,11 +56,19 @@ public:
     // false when it was not saved.
     bool saveCurrent(std::optional<std::string> path = std::nullopt);
     bool isModified(const Document& document) const;
+    // Writes the recovery files of the changed drawings now, as every SAVETIME minutes.
+    void autoSaveNow();
+    // Offers the drawings a session that did not end left in recovery files; called once
+    // at start, after attach().
+    void offerRecovery();
     // A new drawing from the built-in template, as File > New.
     void newDrawing();
     // Tabs, title and prompt follow the application again after input or a document change.
     void refresh();
     QStringList recentFiles() const;
+    // The text window (F2) with the command line's text of the session.
+    void showTextWindow();
+    TextWindow* textWindow() const { return textWindow_; }
 
     // --- UserInterface ------------------------------------------------------------------
     void print(std::string_view text) override;
@@ -69,7 +81,7 @@ public:
     MainWindow* mainWindow() override { return this; }
     void redrawEntity(std::int64_t entity, int mode) override;
     void updateDisplay() override;
-    std::optional<int> chooseColor(ardo::HostColor&, bool) override { return std::nullopt; }
+    std::optional<int> chooseColor(ardo::HostColor& color, bool allowMetaColors) override;
     std::optional<int> pickEntity(const std::string& prompt, std::int64_t& entity, ardo::Point3& point) override;
 
     // --- MainWindow ---------------------------------------------------------------------
@@ -85,8 +97,17 @@ private:
     Page* pageOf(const Document& document) const;
     void showCurrent();
     void updatePrompt();
+    void showMarks();
+    // SAVETIME: 0 when automatic saves are off.
+    int minutesBetweenSaves() const;
+    void showMarksSoon();
+    // Escape: cancels the question waiting from LISP or the running command.
+    void cancel();
+    // True when the line started or answered ZOOM or PAN.
+    bool runViewCommand(const std::string& line);
     void updateCompletions();
     void openDialog();
+    bool openFile(const std::string& path);
     bool saveAsDialog();
     // Asks whether to save a changed drawing; false when the user cancelled.
     bool mayClose(Page& page);
@@ -106,10 +127,16 @@ private:
     CommandDock* dock_;
     LayerBar* layerBar_;
     QLabel* coordinates_;
+    TextWindow* textWindow_ = nullptr;
+    std::unique_ptr<ViewCommand> viewCommand_;
+    bool viewTransparent_ = false;
     QMenu* recentMenu_ = nullptr;
     std::vector<std::unique_ptr<Page>> pages_;
+    AutoSave autoSave_;
+    int minutesWaited_ = 0;   // since the last automatic save
     bool syncing_ = false;
     bool displayPending_ = false;
+    bool marksPending_ = false;
     // A prompt asked from LISP code while the event loop waits for its answer.
     struct Waiting {
         std::string question;

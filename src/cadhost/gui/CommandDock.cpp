@@ -105,8 +105,6 @@ void CommandDock::enter() {
     input_->clear();
     if (!line.trimmed().isEmpty() && (history_.isEmpty() || history_.back() != line)) history_.push_back(line);
     historyAt_ = static_cast<int>(history_.size());
-    // The line stands after its prompt in the text window, as typed.
-    print(prompt_->text().toStdString() + line.toStdString() + "\n");
     if (entered_) entered_(line.toStdString());
 }
 
@@ -124,7 +122,6 @@ bool CommandDock::eventFilter(QObject* watched, QEvent* event) {
     }
     case Qt::Key_Escape:
         input_->clear();
-        print(prompt_->text().toStdString() + "*Cancel*\n");
         if (cancelled_) cancelled_();
         return true;
     case Qt::Key_Tab: {

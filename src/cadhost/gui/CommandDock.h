@@ -21,7 +21,8 @@ public:
     CommandDock(std::string historyFile, QWidget* parent = nullptr);
     ~CommandDock() override;
 
-    // Called with each line entered (Enter; Escape gives nothing).
+    // Called with each line entered (Enter) and on Escape; the receiver echoes the line
+    // where nobody else does.
     void setEntered(std::function<void(const std::string&)> entered) { entered_ = std::move(entered); }
     void setCancelled(std::function<void()> cancelled) { cancelled_ = std::move(cancelled); }
     void print(std::string_view text);

@@ -70,8 +70,14 @@ void DrawingView::rememberView() {
 }
 
 void DrawingView::zoomExtents() {
-    const Box2 box = scene_.extents();
     fitted_ = true;
+    // A margin of 5 % on each side.
+    fit(scene_.extents(), 0.9);
+}
+
+void DrawingView::zoomWindow(const Box2& area) { fit(area, 1); }
+
+void DrawingView::fit(const Box2& box, double fill) {
     rememberView();
     if (box.empty()) {
         centre_ = {0, 0};
@@ -79,8 +85,7 @@ void DrawingView::zoomExtents() {
     } else {
         centre_ = {(box.x0 + box.x1) / 2, (box.y0 + box.y1) / 2};
         const double w = std::max(box.x1 - box.x0, 1e-9), h = std::max(box.y1 - box.y0, 1e-9);
-        // A margin of 5 % on each side.
-        scale_ = 0.9 * std::min(width() / w, height() / h);
+        scale_ = std::clamp(fill * std::min(width() / w, height() / h), 1e-9, 1e12);
     }
     update();
 }
@@ -101,10 +106,11 @@ void DrawingView::panBy(QPointF pixels) {
 }
 
 bool DrawingView::zoomPrevious() {
-    if (previous_.size() < 2) return false;
-    previous_.pop_back();
+    // The last view remembered is the one shown before the latest zoom.
+    if (previous_.empty()) return false;
     centre_ = previous_.back().centre;
     scale_ = previous_.back().scale;
+    previous_.pop_back();
     update();
     return true;
 }
@@ -241,6 +247,7 @@ void DrawingView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) {
         windowFrom_.reset();
         clearSelection();
+        if (input_.cancel) input_.cancel();
         return;
     }
     if (input_.typed && !event->text().isEmpty()) {

@@ -29,6 +29,8 @@ public:
         std::function<bool()> singlePick;
         // Keys typed while the view has the focus belong to the command line.
         std::function<void(QKeyEvent*)> typed;
+        // Escape over the view cancels what the command line runs.
+        std::function<void()> cancel;
         // The cursor's world position, for the status bar.
         std::function<void(Vec2)> cursor;
     };
@@ -40,6 +42,8 @@ public:
 
     // --- view -------------------------------------------------------------------------
     void zoomExtents();
+    // Shows exactly the area, centred (ZOOM Window).
+    void zoomWindow(const Box2& area);
     // Zooms by `factor` keeping the world point under `screen` where it is.
     void zoomAt(double factor, QPointF screen);
     void panBy(QPointF pixels);
@@ -71,6 +75,8 @@ private:
         double scale;
     };
     void rememberView();
+    // Shows the box centred, filling that part of the view; the view before is remembered.
+    void fit(const Box2& box, double fill);
     void click(QPointF at, bool shift);
     void finishWindow(QPointF at, bool shift);
     void hand(const std::vector<Handle>& found, QPointF at, bool remove);

@@ -15,83 +15,13 @@
 #include <QTimer>
 #include <filesystem>
 
-#include "support/TempFolder.h"
-
-#include "cadhost/app/Application.h"
-#include "cadhost/gui/CadWindow.h"
-#include "cadhost/gui/CommandDock.h"
 #include "cadhost/gui/LayerBar.h"
+#include "cadhost/gui/WindowFixture.h"
 
 namespace cadhost::gui {
 namespace {
 
-namespace fs = std::filesystem;
-
-// Removed at exit with everything the window wrote into it.
-const fs::path& scratch() {
-    static const ardo::test::TempFolder folder;
-    return folder.path();
-}
-
-QApplication& qt() {
-    static int argc = 1;
-    static char name[] = "window-tests";
-    static char* argv[] = {name, nullptr};
-    // Recent files and history go to a folder of the test's own.
-    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString((scratch() / "config").string()));
-    // Never destroyed: Qt's own clean-up at exit must find it alive.
-    static QApplication* app = new QApplication(argc, argv);
-    return *app;
-}
-
-// Answers the next message box that opens with the given button.
-void answerNextBox(QMessageBox::StandardButton button) {
-    QTimer::singleShot(50, [button] {
-        for (QWidget* w : QApplication::topLevelWidgets())
-            if (auto* box = qobject_cast<QMessageBox*>(w); box && box->isVisible() && box->button(button))
-                box->button(button)->click();
-    });
-}
-
-class WindowTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        qt();
-        window = std::make_unique<CadWindow>((scratch() / "history").string());
-        app = std::make_unique<Application>(*window);
-        window->attach(*app);
-        window->resize(1000, 700);
-        window->show();
-        ASSERT_TRUE(window->openFiles({ARDO_SOURCE_DIR "/examples/drawings/office.dxf"}));
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-        view()->zoomExtents();
-    }
-    void TearDown() override {
-        window->detach();
-        app.reset();
-        window.reset();
-    }
-    DrawingView* view() { return window->currentView(); }
-    void type(const QString& text) {
-        QLineEdit* input = window->commandDock()->input();
-        QTest::keyClicks(input, text);
-        QTest::keyClick(input, Qt::Key_Return);
-    }
-    void click(Vec2 world, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::mouseClick(view(), Qt::LeftButton, modifiers, view()->toScreen(world).toPoint());
-    }
-    // Pixels of the view that are not the background.
-    static int inked(const QImage& image) {
-        const QRgb background = image.pixel(0, 0);
-        int n = 0;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x) n += image.pixel(x, y) != background;
-        return n;
-    }
-
-    std::unique_ptr<CadWindow> window;
-    std::unique_ptr<Application> app;
-};
+using namespace test;
 
 TEST_F(WindowTest, OpensTheDrawingInATabAndPaintsIt) {
     EXPECT_EQ(app->documents().size(), 1u);
@@ -208,6 +138,71 @@ TEST_F(WindowTest, ChangesMarkTheTitleAndSavingClearsIt) {
     ASSERT_TRUE(reread) << reread.error();
     EXPECT_EQ(reread->entityCount(), app->drawing().entityCount());
     EXPECT_TRUE(reread->findLayer("Mauer"));
+}
+
+TEST_F(WindowTest, TypedInputStandsOnceInTheTextWindow) {
+    const auto text = [&] { return window->commandDock()->text(); };
+    // A host command and its answers: the command echoes them (CMDECHO 1).
+    type("_LINE");
+    type("1,1");
+    type("4,1");
+    type("");
+    EXPECT_EQ(text().count("Command: _LINE\n"), 1);
+    EXPECT_EQ(text().count("Specify first point: 1,1\n"), 1);
+    EXPECT_EQ(text().count("4,1\n"), 1);
+    // Lines the command processor does not see: a LISP expression and a LISP command.
+    type("(+ 20 22)");
+    EXPECT_EQ(text().count("Command: (+ 20 22)\n"), 1);
+    // With CMDECHO 0 the window echoes a command itself, once.
+    type("(setvar \"CMDECHO\" 0)");
+    type("_LINE");
+    type("2,2");
+    EXPECT_EQ(text().count("Command: _LINE\n"), 2);
+    EXPECT_EQ(text().count("Specify first point: 2,2\n"), 1);
+    QTest::keyClick(window->commandDock()->input(), Qt::Key_Escape);
+    EXPECT_FALSE(app->commands().active());
+    EXPECT_TRUE(text().endsWith("Specify next point or [Undo]: *Cancel*\n")) << text().right(80).toStdString();
+}
+
+TEST_F(WindowTest, EscapeOverTheViewCancelsTheRunningCommand) {
+    type("_LINE");
+    click({1, 1});
+    ASSERT_TRUE(app->commands().active());
+    // The picked point is echoed once, by the command.
+    EXPECT_EQ(window->commandDock()->text().count("Specify first point: "), 1);
+    view()->setFocus();
+    QTest::keyClick(view(), Qt::Key_Escape);
+    EXPECT_FALSE(app->commands().active());
+    EXPECT_EQ(window->commandDock()->prompt(), "Command: ");
+    EXPECT_EQ(window->commandDock()->text().count("*Cancel*"), 1);
+    // Escape over the view answers a question from LISP as well.
+    QTimer::singleShot(0, [&] {
+        view()->setFocus();
+        QTest::keyClick(view(), Qt::Key_Escape);
+    });
+    EXPECT_FALSE(window->prompt("Name: "));
+}
+
+TEST_F(WindowTest, SavingByTypedCommandOrLispClearsTheUnsavedMark) {
+    auto* tabs = window->findChild<QTabWidget*>();
+    const auto marked = [&] { return window->isWindowModified() || tabs->tabText(tabs->currentIndex()).endsWith("*"); };
+    type("_.LAYER _New Mauer");
+    type("");
+    QTest::qWait(1);
+    ASSERT_TRUE(marked());
+    const std::string copy = (scratch() / "typed-save.dxf").string();
+    type("_.SAVEAS");
+    type("");
+    type(QString::fromStdString(copy));
+    ASSERT_TRUE(Drawing::open(copy));
+    EXPECT_FALSE(marked());
+    // A change from LISP marks it again (once the loop is back), QSAVE from LISP clears it.
+    type("(command \"_.LAYER\" \"_New\" \"Holz\" \"\")");
+    QTest::qWait(1);
+    EXPECT_TRUE(marked());
+    type("(command \"_.QSAVE\")");
+    EXPECT_FALSE(marked());
+    EXPECT_TRUE(Drawing::open(copy)->findLayer("Holz"));
 }
 
 TEST_F(WindowTest, ClosingAChangedDrawingAsksAndCancelKeepsIt) {
