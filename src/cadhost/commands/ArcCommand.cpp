@@ -50,47 +50,47 @@ public:
                 return takePoint(input, kPointOrKeyword, Stage::ThirdPoint);
             case Stage::ThirdPoint: {
                 const auto end = pointInput(drawing_, input);
-                if (!end) return complain(kInvalidPoint);
+                if (!end) return askAgain(context_, kInvalidPoint);
                 return finish(arcThroughPoints(points_[0], points_[1], *end));
             }
             case Stage::Centre:
                 centre_ = pointInput(drawing_, input);
-                if (!centre_) return complain(kInvalidPoint);
+                if (!centre_) return askAgain(context_, kInvalidPoint);
                 return next(points_.empty() ? Stage::StartAfterCentre : Stage::AfterCentre);
             case Stage::StartAfterCentre: return takePoint(input, kInvalidPoint, Stage::AfterCentre);
             case Stage::AfterCentre:
                 if (const auto keyword = matchKeyword(input, {"Angle", "Length"}))
                     return next(*keyword == 0 ? Stage::CentreAngle : Stage::Chord);
                 if (const auto end = pointInput(drawing_, input)) return finish(arcFromCentre(*centre_, points_[0], *end));
-                return complain(kPointOrKeyword);
+                return askAgain(context_, kPointOrKeyword);
             case Stage::EndAfterStart: return takePoint(input, kInvalidPoint, Stage::AfterEnds);
             case Stage::AfterEnds:
                 if (const auto keyword = matchKeyword(input, {"Angle", "Direction", "Radius"}))
                     return next(*keyword == 0 ? Stage::EndsAngle : *keyword == 1 ? Stage::Direction : Stage::Radius);
                 if (const auto c = pointInput(drawing_, input)) return finish(arcFromCentre(*c, points_[0], points_[1]));
-                return complain(kPointOrKeyword);
+                return askAgain(context_, kPointOrKeyword);
             case Stage::CentreAngle:
                 if (const auto angle = angleInput(drawing_, input, *centre_))
                     return finish(arcFromCentreAngle(*centre_, points_[0], *angle));
-                return complain(kAngleRequired);
+                return askAgain(context_, kAngleRequired);
             case Stage::Chord:
                 if (const auto chord = distanceInput(drawing_, input, points_[0]))
                     return finish(arcFromCentreChord(*centre_, points_[0], *chord));
-                return complain("Requires numeric distance or second point.\n");
+                return askAgain(context_, "Requires numeric distance or second point.\n");
             case Stage::EndsAngle:
                 if (const auto angle = angleInput(drawing_, input, points_[0]))
                     return finish(arcFromEndsAngle(points_[0], points_[1], *angle));
-                return complain(kAngleRequired);
+                return askAgain(context_, kAngleRequired);
             case Stage::Direction:
                 if (const auto tangent = angleInput(drawing_, input, points_[0])) {
                     const auto included = includedFromTangent(points_[0], *tangent, points_[1]);
                     return finish(included ? arcFromEndsAngle(points_[0], points_[1], *included) : std::nullopt);
                 }
-                return complain(kAngleRequired);
+                return askAgain(context_, kAngleRequired);
             case Stage::Radius:
                 if (const auto radius = distanceInput(drawing_, input, points_[1]))
                     return finish(arcFromEndsRadius(points_[0], points_[1], *radius));
-                return complain("Requires numeric distance or second point.\n");
+                return askAgain(context_, "Requires numeric distance or second point.\n");
         }
         return Step::Refused;
     }
@@ -106,31 +106,23 @@ private:
         stage_ = stage;
         return Step::More;
     }
-    Step complain(const char* message) {
-        context_.message(message);
-        return Step::More;
-    }
     Step takePoint(const ardo::ResBuf& input, const char* complaint, Stage then) {
         const auto p = pointInput(drawing_, input);
-        if (!p) return complain(complaint);
+        if (!p) return askAgain(context_, complaint);
         points_.push_back(*p);
         return next(then);
     }
 
     // A value that gives no arc is asked for again at the same prompt.
     Step finish(const std::optional<Arc>& arc) {
-        if (!arc) return complain(kNoArc);
+        if (!arc) return askAgain(context_, kNoArc);
         std::vector<EntityTag> data;
         appendPoint(data, 10, arc->centre);
         data.push_back({40, dxfNumber(arc->radius)});
         if (hasSubclassMarkers(drawing_)) data.push_back({100, "AcDbArc"});
         data.push_back({50, dxfDegrees(arc->start)});
         data.push_back({51, dxfDegrees(arc->end)});
-        if (!addEntity(drawing_, "ARC", "AcDbCircle", std::move(data))) {
-            context_.message("The arc could not be added to the drawing.\n");
-            return Step::Refused;
-        }
-        return Step::Done;
+        return finishWith(context_, "ARC", "AcDbCircle", std::move(data), "The arc");
     }
 
     Context& context_;

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <vector>
 
-#include "cadhost/commands/ArcGeometry.h"
 #include "cadhost/commands/CommandInput.h"
 #include "cadhost/commands/DraftingCommands.h"
 #include "cadhost/commands/NewEntity.h"
@@ -48,8 +47,7 @@ public:
         : context_(context), drawing_(*context.drawing), height_(currentTextHeight(drawing_)) {}
 
     Step start() override {
-        context_.echo("Current text style:  \"" + currentTextStyle(drawing_) + "\"  Text height:  " +
-                      shownLength(height_) + "\n");
+        context_.echo(currentTextSettings(drawing_) + "\n");
         return Step::More;
     }
 
@@ -76,45 +74,34 @@ public:
         switch (stage_) {
             case Stage::First:
                 first_ = pointInput(drawing_, input);
-                if (!first_) return complain(kInvalidPoint);
+                if (!first_) return askAgain(context_, kInvalidPoint);
                 return next(Stage::Opposite);
             case Stage::Opposite: {
                 if (const auto keyword = matchKeyword(input, {"Height", "Justify", "Rotation", "Width"}))
                     return next(std::array{Stage::Height, Stage::Justify, Stage::Rotation, Stage::Width}[*keyword]);
                 const auto p = pointInput(drawing_, input);
-                if (!p) return complain(kPointOrKeyword);
+                if (!p) return askAgain(context_, kPointOrKeyword);
                 placeBox(*p);
                 return next(Stage::Text);
             }
             case Stage::Height:
-                if (!isEnter(input)) {
-                    const auto height = distanceInput(drawing_, input, *first_);
-                    if (!height || *height <= 0)
-                        return complain(height ? "Value must be positive and nonzero.\n"
-                                               : "Requires numeric distance or second point.\n");
-                    height_ = *height;
-                    rememberTextHeight(drawing_, height_);
-                }
+                if (!takeTextHeight(context_, input, *first_, height_)) return Step::More;
                 return next(Stage::Opposite);
             case Stage::Justify:
                 if (!isEnter(input)) {
                     const auto chosen =
                         matchKeyword(input, std::vector<std::string_view>(kBoxJustifications.begin(), kBoxJustifications.end()));
-                    if (!chosen) return complain(kInvalidKeyword);
+                    if (!chosen) return askAgain(context_, kInvalidKeyword);
                     attachment_ = *chosen;
                 }
                 return next(Stage::Opposite);
             case Stage::Rotation:
-                if (!isEnter(input)) {
-                    const auto angle = angleInput(drawing_, input, *first_);
-                    if (!angle) return complain("Requires valid numeric angle or second point.\n");
-                    rotation_ = normalAngle(*angle);
-                }
+                if (!takeTextRotation(context_, input, *first_, rotation_)) return Step::More;
                 return next(Stage::Opposite);
             case Stage::Width: {
                 const auto width = distanceInput(drawing_, input, *first_);
                 if (!width || *width < 0)
-                    return complain(width ? "Value must be positive or zero.\n"
+                    return askAgain(context_, width ? "Value must be positive or zero.\n"
                                           : "Requires numeric distance or second point.\n");
                 // With a width the first corner is the insertion point itself.
                 insertion_ = *first_;
@@ -134,10 +121,6 @@ private:
 
     Step next(Stage stage) {
         stage_ = stage;
-        return Step::More;
-    }
-    Step complain(const char* message) {
-        context_.message(message);
         return Step::More;
     }
 
@@ -167,11 +150,7 @@ private:
         data.push_back({7, currentTextStyle(drawing_)});
         // The direction of the text's x axis says the rotation without doubt about units.
         appendPoint(data, 11, {std::cos(rotation_), std::sin(rotation_), 0});
-        if (!addEntity(drawing_, "MTEXT", "AcDbMText", std::move(data))) {
-            context_.message("The text could not be added to the drawing.\n");
-            return Step::Refused;
-        }
-        return Step::Done;
+        return finishWith(context_, "MTEXT", "AcDbMText", std::move(data), "The text");
     }
 
     Context& context_;

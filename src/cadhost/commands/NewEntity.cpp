@@ -90,4 +90,16 @@ std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::st
     return drawing.makeEntity(tags);
 }
 
+Step finishWith(Context& context, std::string_view type, std::string_view subclass, std::vector<EntityTag> data,
+                std::string_view what) {
+    if (addEntity(*context.drawing, type, subclass, std::move(data))) return Step::Done;
+    context.message(std::string(what) + " could not be added to the drawing.\n");
+    return Step::Refused;
+}
+
+Step askAgain(const Context& context, const char* why) {
+    context.message(why);
+    return Step::More;
+}
+
 }  // namespace cadhost::commands

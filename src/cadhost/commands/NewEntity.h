@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cadhost/commands/Command.h"
 #include "cadhost/commands/TypedInput.h"
 #include "cadhost/drawing/Drawing.h"
 
@@ -34,6 +35,13 @@ bool hasSubclassMarkers(const Drawing& drawing);
 // subclass marker. The new entity, or nothing when the drawing refused it.
 std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::string_view subclass,
                                 std::vector<EntityTag> data);
+
+// The last step of a drawing command: adds the entity as addEntity does; when the drawing
+// refuses it, tells the user that `what` ("The arc") could not be added.
+Step finishWith(Context& context, std::string_view type, std::string_view subclass, std::vector<EntityTag> data,
+                std::string_view what);
+// Tells the user why the input was refused; the command asks again at the same prompt.
+Step askAgain(const Context& context, const char* why);
 
 // Tags for a point: x, y and z under `code`, `code`+10 and `code`+20.
 void appendPoint(std::vector<EntityTag>& tags, int code, const ardo::Point3& p);

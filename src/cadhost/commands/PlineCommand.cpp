@@ -67,68 +67,68 @@ public:
             case Stage::Length:
                 if (const auto length = distanceInput(drawing_, input, last()))
                     return addSegment(polarPoint(last(), tangent(), *length), 0);
-                return complain(kDistanceRequired);
+                return askAgain(context_, kDistanceRequired);
             case Stage::Angle:
                 if (const auto angle = angleInput(drawing_, input, last())) {
                     included_ = *angle;
                     return next(Stage::AngleEnd);
                 }
-                return complain(kAngleRequired);
+                return askAgain(context_, kAngleRequired);
             case Stage::AngleEnd:
                 if (matchKeyword(input, {"CEnter"})) return next(Stage::AngleCentre);
                 if (const auto end = pointInput(drawing_, input)) return addArc(arcFromEndsAngle(last(), *end, included_));
-                return complain(kPointOrKeyword);
+                return askAgain(context_, kPointOrKeyword);
             case Stage::AngleCentre:
                 if (const auto centre = pointInput(drawing_, input))
                     return addArc(arcFromCentreAngle(*centre, last(), included_));
-                return complain(kInvalidPoint);
+                return askAgain(context_, kInvalidPoint);
             case Stage::Centre:
                 centre_ = pointInput(drawing_, input);
-                if (!centre_) return complain(kInvalidPoint);
+                if (!centre_) return askAgain(context_, kInvalidPoint);
                 return next(Stage::CentreEnd);
             case Stage::CentreEnd:
                 if (const auto keyword = matchKeyword(input, {"Angle", "Length"}))
                     return next(*keyword == 0 ? Stage::CentreAngle : Stage::Chord);
                 if (const auto end = pointInput(drawing_, input)) return addArc(arcFromCentre(*centre_, last(), *end));
-                return complain(kPointOrKeyword);
+                return askAgain(context_, kPointOrKeyword);
             case Stage::CentreAngle:
                 if (const auto angle = angleInput(drawing_, input, *centre_))
                     return addArc(arcFromCentreAngle(*centre_, last(), *angle));
-                return complain(kAngleRequired);
+                return askAgain(context_, kAngleRequired);
             case Stage::Chord:
                 if (const auto chord = distanceInput(drawing_, input, last()))
                     return addArc(arcFromCentreChord(*centre_, last(), *chord));
-                return complain(kDistanceRequired);
+                return askAgain(context_, kDistanceRequired);
             case Stage::Direction:
                 if (const auto direction = angleInput(drawing_, input, last())) {
                     direction_ = *direction;
                     return next(Stage::DirectionEnd);
                 }
-                return complain(kAngleRequired);
+                return askAgain(context_, kAngleRequired);
             case Stage::DirectionEnd:
                 if (const auto end = pointInput(drawing_, input)) return addTangentArc(direction_, *end);
-                return complain(kInvalidPoint);
+                return askAgain(context_, kInvalidPoint);
             case Stage::Radius:
                 if (const auto radius = distanceInput(drawing_, input, last()); radius && *radius > 0) {
                     radius_ = *radius;
                     return next(Stage::RadiusEnd);
                 } else {
-                    return complain(radius ? "Value must be positive and nonzero.\n" : kDistanceRequired);
+                    return askAgain(context_, radius ? "Value must be positive and nonzero.\n" : kDistanceRequired);
                 }
             case Stage::RadiusEnd:
                 if (const auto end = pointInput(drawing_, input)) return addArc(arcFromEndsRadius(last(), *end, radius_));
-                return complain(kInvalidPoint);
+                return askAgain(context_, kInvalidPoint);
             case Stage::Second:
                 centre_ = pointInput(drawing_, input);   // the second point, kept where the centre would be
-                if (!centre_) return complain(kInvalidPoint);
+                if (!centre_) return askAgain(context_, kInvalidPoint);
                 return next(Stage::SecondEnd);
             case Stage::SecondEnd:
                 if (const auto end = pointInput(drawing_, input)) {
                     const auto included = includedThroughPoints(last(), *centre_, *end);
-                    if (!included) return complain(kNoArc);
+                    if (!included) return askAgain(context_, kNoArc);
                     return addSegment(*end, *included);
                 }
-                return complain(kInvalidPoint);
+                return askAgain(context_, kInvalidPoint);
         }
         return Step::Refused;
     }
@@ -160,10 +160,6 @@ private:
         stage_ = stage;
         return Step::More;
     }
-    Step complain(const char* message) {
-        context_.message(message);
-        return Step::More;
-    }
 
     Step takeStart(const ardo::ResBuf& input) {
         std::optional<ardo::Point3> start;
@@ -173,7 +169,7 @@ private:
         } else {
             start = pointInput(drawing_, input);
         }
-        if (!start) return complain(kInvalidPoint);
+        if (!start) return askAgain(context_, kInvalidPoint);
         vertices_.push_back({*start});
         context_.echo("Current line-width is " + shownLength(startWidth_) + "\n");
         return next(Stage::Next);
@@ -201,7 +197,7 @@ private:
                 return Step::More;
             }
             if (*keyword == 1) {
-                if (segments() < 2) return complain(kPointOrKeyword);
+                if (segments() < 2) return askAgain(context_, kPointOrKeyword);
                 vertices_.back().startWidth = startWidth_;
                 vertices_.back().endWidth = endWidth_;
                 return finish(true);
@@ -210,7 +206,7 @@ private:
             return *takeSharedKeyword(*keyword - 3);
         }
         const auto p = pointInput(drawing_, input);
-        if (!p) return complain(kPointOrKeyword);
+        if (!p) return askAgain(context_, kPointOrKeyword);
         return addSegment(*p, 0);
     }
 
@@ -233,7 +229,7 @@ private:
             }
         }
         const auto end = pointInput(drawing_, input);
-        if (!end) return complain(kPointOrKeyword);
+        if (!end) return askAgain(context_, kPointOrKeyword);
         return addTangentArc(tangent(), *end);
     }
 
@@ -241,8 +237,8 @@ private:
         double& width = stage_ == Stage::StartWidth ? startWidth_ : endWidth_;
         if (!isEnter(input)) {
             const auto typed = distanceInput(drawing_, input, last());
-            if (!typed) return complain(kDistanceRequired);
-            if (*typed < 0) return complain("Value must be positive or zero.\n");
+            if (!typed) return askAgain(context_, kDistanceRequired);
+            if (*typed < 0) return askAgain(context_, "Value must be positive or zero.\n");
             width = half_ ? *typed * 2 : *typed;
         }
         if (stage_ == Stage::EndWidth) {
@@ -255,20 +251,20 @@ private:
 
     Step addTangentArc(double direction, const ardo::Point3& end) {
         const auto included = includedFromTangent(last(), direction, end);
-        if (!included) return complain(kNoArc);
+        if (!included) return askAgain(context_, kNoArc);
         return addSegment(end, *included);
     }
 
     Step addArc(const std::optional<Arc>& arc) {
-        if (!arc) return complain(kNoArc);
+        if (!arc) return askAgain(context_, kNoArc);
         const auto [end, included] = arcFrom(*arc, last());
         return addSegment(end, included);
     }
 
     Step closeWithArc() {
-        if (segments() == 0) return complain(kPointOrKeyword);
+        if (segments() == 0) return askAgain(context_, kPointOrKeyword);
         const auto included = includedFromTangent(last(), tangent(), vertices_.front().at);
-        if (!included) return complain(kNoArc);
+        if (!included) return askAgain(context_, kNoArc);
         Vertex& from = vertices_.back();
         from.startWidth = startWidth_;
         from.endWidth = endWidth_;
@@ -318,11 +314,7 @@ private:
             }
             if (v.included != 0) data.push_back({42, dxfNumber(bulgeOf(v.included))});
         }
-        if (!addEntity(drawing_, "LWPOLYLINE", "AcDbPolyline", std::move(data))) {
-            context_.message("The polyline could not be added to the drawing.\n");
-            return Step::Refused;
-        }
-        return Step::Done;
+        return finishWith(context_, "LWPOLYLINE", "AcDbPolyline", std::move(data), "The polyline");
     }
 
     Context& context_;

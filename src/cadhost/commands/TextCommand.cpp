@@ -3,7 +3,6 @@
 #include <array>
 #include <vector>
 
-#include "cadhost/commands/ArcGeometry.h"
 #include "cadhost/commands/CommandInput.h"
 #include "cadhost/commands/DraftingCommands.h"
 #include "cadhost/commands/NewEntity.h"
@@ -47,8 +46,7 @@ public:
         : context_(context), drawing_(*context.drawing), height_(currentTextHeight(drawing_)) {}
 
     Step start() override {
-        context_.echo("Current text style:  \"" + currentTextStyle(drawing_) + "\"  Text height:  " +
-                      shownLength(height_) + "  Justify:  Left\n");
+        context_.echo(currentTextSettings(drawing_) + "  Justify:  Left\n");
         return Step::More;
     }
 
@@ -76,7 +74,7 @@ public:
             case Stage::Point: {
                 if (justification_ == 0 && matchKeyword(input, {"Justify"})) return next(Stage::Justify);
                 const auto p = pointInput(drawing_, input);
-                if (!p) return complain(justification_ == 0 ? kPointOrKeyword : kInvalidPoint);
+                if (!p) return askAgain(context_, justification_ == 0 ? kPointOrKeyword : kInvalidPoint);
                 points_.push_back(*p);
                 return next(baseline() ? Stage::SecondPoint : Stage::Height);
             }
@@ -84,38 +82,25 @@ public:
                 std::vector<std::string_view> keywords;
                 for (const Justification& j : kJustifications) keywords.push_back(j.keyword);
                 const auto chosen = matchKeyword(input, keywords);
-                if (!chosen) return complain(kInvalidKeyword);
+                if (!chosen) return askAgain(context_, kInvalidKeyword);
                 justification_ = *chosen;
                 return next(Stage::Point);
             }
             case Stage::SecondPoint: {
                 const auto p = pointInput(drawing_, input);
-                if (!p) return complain(kInvalidPoint);
+                if (!p) return askAgain(context_, kInvalidPoint);
                 if (distanceBetween(points_.front(), *p, true) == 0)
-                    return complain("The baseline needs two different points.\n");
+                    return askAgain(context_, "The baseline needs two different points.\n");
                 points_.push_back(*p);
                 rotation_ = angleBetween(points_[0], points_[1]);
                 return next(kJustifications[justification_].horizontal == kAlign ? Stage::Text : Stage::Height);
             }
-            case Stage::Height: {
-                if (!isEnter(input)) {
-                    const auto height = distanceInput(drawing_, input, points_.front());
-                    if (!height || *height <= 0)
-                        return complain(height ? "Value must be positive and nonzero.\n"
-                                               : "Requires numeric distance or second point.\n");
-                    height_ = *height;
-                    rememberTextHeight(drawing_, height_);
-                }
+            case Stage::Height:
+                if (!takeTextHeight(context_, input, points_.front(), height_)) return Step::More;
                 return next(baseline() ? Stage::Text : Stage::Rotation);
-            }
-            case Stage::Rotation: {
-                if (!isEnter(input)) {
-                    const auto angle = angleInput(drawing_, input, points_.front());
-                    if (!angle) return complain("Requires valid numeric angle or second point.\n");
-                    rotation_ = normalAngle(*angle);
-                }
+            case Stage::Rotation:
+                if (!takeTextRotation(context_, input, points_.front(), rotation_)) return Step::More;
                 return next(Stage::Text);
-            }
             case Stage::Text:
                 if (isEnter(input)) return Step::Done;   // no text, nothing drawn
                 return finish(inputText(input));
@@ -134,10 +119,6 @@ private:
         stage_ = stage;
         return Step::More;
     }
-    Step complain(const char* message) {
-        context_.message(message);
-        return Step::More;
-    }
 
     Step finish(const std::string& text) {
         const Justification& j = kJustifications[justification_];
@@ -153,11 +134,7 @@ private:
         if (j.horizontal != 0 || j.vertical != 0) appendPoint(data, 11, points_.back());
         if (hasSubclassMarkers(drawing_)) data.push_back({100, "AcDbText"});
         if (j.vertical != 0) data.push_back({73, std::to_string(j.vertical)});
-        if (!addEntity(drawing_, "TEXT", "AcDbText", std::move(data))) {
-            context_.message("The text could not be added to the drawing.\n");
-            return Step::Refused;
-        }
-        return Step::Done;
+        return finishWith(context_, "TEXT", "AcDbText", std::move(data), "The text");
     }
 
     Context& context_;
