@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cadhost/commands/DraftingCommands.h"
+#include "cadhost/commands/ArcGeometry.h"
 #include "cadhost/commands/CommandInput.h"
 #include "cadhost/commands/NewEntity.h"
 #include "cadhost/commands/TypedInput.h"
@@ -11,18 +12,6 @@
 namespace cadhost::commands {
 
 namespace {
-
-// The circle through three points; nothing when they lie on a line.
-std::optional<std::pair<ardo::Point3, double>> circleThrough(const ardo::Point3& a, const ardo::Point3& b,
-                                                              const ardo::Point3& c) {
-    const double d = 2 * (a[0] * (b[1] - c[1]) + b[0] * (c[1] - a[1]) + c[0] * (a[1] - b[1]));
-    const double scale = std::max({distanceBetween(a, b, true), distanceBetween(b, c, true), 1.0});
-    if (std::abs(d) < 1e-12 * scale * scale) return std::nullopt;
-    const double a2 = a[0] * a[0] + a[1] * a[1], b2 = b[0] * b[0] + b[1] * b[1], c2 = c[0] * c[0] + c[1] * c[1];
-    const ardo::Point3 centre{(a2 * (b[1] - c[1]) + b2 * (c[1] - a[1]) + c2 * (a[1] - b[1])) / d,
-                              (a2 * (c[0] - b[0]) + b2 * (a[0] - c[0]) + c2 * (b[0] - a[0])) / d, a[2]};
-    return std::pair{centre, distanceBetween(centre, a, true)};
-}
 
 class CircleCommand final : public Command {
 public:

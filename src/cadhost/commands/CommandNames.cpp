@@ -9,7 +9,7 @@ namespace cadhost::commands {
 
 namespace {
 
-constexpr std::array<CommandEntry, 13> kCommands{{
+constexpr std::array<CommandEntry, 17> kCommands{{
     {"LAYER", makeLayerCommand},
     {"VPLAYER", makeVplayerCommand},
     {"SELECT", makeSelectCommand},
@@ -23,6 +23,10 @@ constexpr std::array<CommandEntry, 13> kCommands{{
     {"ERASE", makeEraseCommand},
     {"RECTANG", makeRectangCommand},
     {"POINT", makePointCommand},
+    {"PLINE", makePlineCommand},
+    {"ARC", makeArcCommand},
+    {"TEXT", makeTextCommand},
+    {"MTEXT", makeMtextCommand},
 }};
 
 // Commands that have a "-" command-line form beside their dialog.

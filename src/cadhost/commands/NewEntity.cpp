@@ -1,6 +1,8 @@
 #include "cadhost/commands/NewEntity.h"
 
 #include <charconv>
+#include <cmath>
+#include <cstdio>
 #include <iterator>
 
 #include "cadhost/commands/TypedInput.h"
@@ -20,19 +22,39 @@ std::optional<ardo::Point3> pointInput(Drawing& drawing, const ardo::ResBuf& inp
     return p;
 }
 
-std::optional<double> distanceInput(Drawing& drawing, const ardo::ResBuf& input, const ardo::Point3& base) {
+std::optional<double> numberInput(const ardo::ResBuf& input) {
     switch (input.restype) {
         case ardo::RTREAL: return input.real;
         case ardo::RTSHORT:
         case ardo::RTLONG: return static_cast<double>(input.integer);
-        case ardo::RTSTR:
-            if (const auto number = parseReal(input.text)) return number;
-            break;
-        default: break;
+        case ardo::RTSTR: return parseReal(input.text);
+        default: return std::nullopt;
     }
+}
+
+std::optional<double> distanceInput(Drawing& drawing, const ardo::ResBuf& input, const ardo::Point3& base) {
+    if (const auto number = numberInput(input)) return number;
     if (const auto p = pointInput(drawing, input)) return distanceBetween(base, *p);
     return std::nullopt;
 }
+
+std::optional<double> angleInput(Drawing& drawing, const ardo::ResBuf& input, const ardo::Point3& base) {
+    if (input.restype == ardo::RTSTR) {
+        if (const auto angle = parseAngle(input.text)) return angle;
+    } else if (const auto degrees = numberInput(input)) {
+        return *degrees * M_PI / 180;
+    }
+    if (const auto p = pointInput(drawing, input)) return angleBetween(base, *p);
+    return std::nullopt;
+}
+
+std::string shownLength(double value) {
+    char text[40];
+    std::snprintf(text, sizeof text, "%.4f", value);
+    return text;
+}
+
+bool hasSubclassMarkers(const Drawing& drawing) { return drawing.acadVersion() > "AC1009"; }
 
 std::string dxfNumber(double value) {
     if (value == 0) value = 0;   // no "-0.0" in the file
@@ -44,14 +66,15 @@ std::string dxfNumber(double value) {
     return out;
 }
 
+std::string dxfDegrees(double radians) { return dxfNumber(radians * 180 / M_PI); }
+
 void appendPoint(std::vector<EntityTag>& tags, int code, const ardo::Point3& p) {
     for (int i = 0; i < 3; ++i) tags.push_back({code + 10 * i, dxfNumber(p[static_cast<std::size_t>(i)])});
 }
 
 std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::string_view subclass,
                                 std::vector<EntityTag> data) {
-    // Old drawings have neither subclass markers nor lineweights.
-    const bool r12 = drawing.acadVersion() <= "AC1009";
+    const bool r12 = !hasSubclassMarkers(drawing);
     std::vector<EntityTag> tags{{0, std::string(type)}};
     if (!r12) tags.push_back({100, "AcDbEntity"});
     const auto layer = drawing.getVar("CLAYER");
@@ -65,6 +88,18 @@ std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::st
     if (!r12) tags.push_back({100, std::string(subclass)});
     tags.insert(tags.end(), std::make_move_iterator(data.begin()), std::make_move_iterator(data.end()));
     return drawing.makeEntity(tags);
+}
+
+Step finishWith(Context& context, std::string_view type, std::string_view subclass, std::vector<EntityTag> data,
+                std::string_view what) {
+    if (addEntity(*context.drawing, type, subclass, std::move(data))) return Step::Done;
+    context.message(std::string(what) + " could not be added to the drawing.\n");
+    return Step::Refused;
+}
+
+Step askAgain(const Context& context, const char* why) {
+    context.message(why);
+    return Step::More;
 }
 
 }  // namespace cadhost::commands

@@ -41,6 +41,8 @@ constexpr const char* kTemplate = R"dxf(
 62 256
 9 $CELWEIGHT
 370 -1
+9 $TEXTSIZE
+40 2.5
 9 $TEXTSTYLE
 7 Standard
 9 $DIMSTYLE
@@ -55,6 +57,8 @@ constexpr const char* kTemplate = R"dxf(
 70 1
 9 $PSTYLEMODE
 290 1
+9 $PLINEWID
+40 0.0
 9 $HANDSEED
 5 30
 0 ENDSEC
