@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cadhost/app/Application.h"
+#include "cadhost/commands/CommandNames.h"
 #include "cadhost/lisp/ResBufConvert.h"
 #include "base/CaseFold.h"
 
@@ -47,7 +48,30 @@ bool expressionComplete(std::string_view source) {
     return depth <= 0;
 }
 
+bool CommandLine::underWay() const {
+    return !openExpression_.empty() || documents_.waiting() || (host_.hasDocument() && host_.commands().active());
+}
+
+void CommandLine::closeUndoStep(const std::string& label) {
+    if (host_.hasDocument()) host_.current().undoHistory().closeStep(label);
+}
+
 void CommandLine::enter(std::string_view line) {
+    if (!underWay()) {
+        // Changes made meanwhile outside the command line (a dialog, a pane) are a step
+        // of their own; this input starts the next.
+        closeUndoStep("GROUP");
+        const std::string_view text = ardo::trimWhite(line);
+        stepLabel_ = text.starts_with('(') || text.starts_with('!') || text.empty()
+                         ? std::string("GROUP")
+                         : commands::commandKey(words(text).front());
+    }
+    step(line);
+    host_.idle();
+    if (!underWay()) closeUndoStep(stepLabel_);
+}
+
+void CommandLine::step(std::string_view line) {
     if (!openExpression_.empty()) {
         openExpression_ += '\n';
         openExpression_ += line;
@@ -73,7 +97,6 @@ void CommandLine::enter(std::string_view line) {
             startCommand(text);
         }
     }
-    host_.idle();
 }
 
 void CommandLine::evaluate(std::string_view source) {

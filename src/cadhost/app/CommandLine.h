@@ -31,6 +31,12 @@ public:
     std::size_t failures() const { return failures_; }
 
 private:
+    // One line of input; enter() adds the undo steps around it.
+    void step(std::string_view line);
+    // Whether an expression, a command or a document question waits for more input.
+    bool underWay() const;
+    // Every command and every expression typed is one undo step.
+    void closeUndoStep(const std::string& label);
     void evaluate(std::string_view source);
     void answer(std::string_view line);
     void startCommand(std::string_view line);
@@ -39,6 +45,7 @@ private:
     Application& host_;
     DocumentCommands documents_;
     std::string openExpression_;
+    std::string stepLabel_;
     bool quit_ = false;
     std::size_t failures_ = 0;
 };
