@@ -1,10 +1,9 @@
 // Points, distances and angles: polar, distance, angle, inters and trans (the user
 // coordinate system is the world's, so trans only checks and converts), and numbers and
-// angles as text: rtos and angtos.
+// angles as text: angtos.
 #include <cmath>
 #include <cstdio>
 #include <numbers>
-#include <numeric>
 #include <vector>
 
 #include "cadhost/lisp/ArgCheck.h"
@@ -117,53 +116,6 @@ std::string fixed(double value, int precision) {
     return text;
 }
 
-// Whole units and a fraction in 1/2^precision steps, reduced: "17 1/2", "5", "3/8".
-std::string fraction(double value, int precision) {
-    const long long denominator = 1LL << std::min(precision, 8);
-    long long units = std::llround(value * static_cast<double>(denominator));
-    const long long whole = units / denominator;
-    long long part = units % denominator, below = denominator;
-    if (part == 0) return std::to_string(whole);
-    const long long g = std::gcd(part, below);
-    part /= g, below /= g;
-    const std::string f = std::to_string(part) + "/" + std::to_string(below);
-    return whole == 0 ? f : std::to_string(whole) + " " + f;
-}
-
-// (rtos number [mode [precision]]): 1 scientific, 2 decimal, 3 engineering (feet and
-// decimal inches), 4 architectural (feet and fractional inches), 5 fractional; LUNITS and
-// LUPREC when left out.
-Value rtosFn(Interpreter& in, const Args& args) {
-    checkCount(args, 1, 3);
-    const double value = numberArg(args[0]);
-    const int mode = args.size() > 1 ? intArg(args[1]) : sysvarInt(in, "LUNITS", 2);
-    const int precision = args.size() > 2 ? intArg(args[2]) : sysvarInt(in, "LUPREC", 4);
-    if (mode < 1 || mode > 5) throw LispError("bad argument value: " + std::to_string(mode));
-    if (precision < 0 || precision > 16) throw LispError("bad argument value: " + std::to_string(precision));
-    const std::string sign = value < 0 ? "-" : "";
-    const double v = std::abs(value);
-    char text[512];
-    switch (mode) {
-        case 1: std::snprintf(text, sizeof text, "%.*E", precision, value); return Value::string(text);
-        case 2: return Value::string(fixed(value, precision));
-        case 3: {
-            double feet = std::floor(v / 12);
-            std::string inches = fixed(v - feet * 12, precision);
-            if (std::stod(inches) >= 12) feet += 1, inches = fixed(0, precision);   // rounding up to a foot
-            return Value::string(sign + fixed(feet, 0) + "'-" + inches + "\"");
-        }
-        case 4: {
-            const long long denominator = 1LL << std::min(precision, 8);
-            const long long steps = std::llround(v * static_cast<double>(denominator));
-            const long long perFoot = 12 * denominator;
-            const long long feet = steps / perFoot;
-            const double inches = static_cast<double>(steps % perFoot) / static_cast<double>(denominator);
-            return Value::string(sign + std::to_string(feet) + "'-" + fraction(inches, precision) + "\"");
-        }
-        default: return Value::string(sign + fraction(v, precision));
-    }
-}
-
 // (angtos angle [mode [precision]]): 0 degrees, 1 degrees/minutes/seconds, 2 grads,
 // 3 radians, 4 surveyor's units; AUNITS and AUPREC when left out.
 Value angtosFn(Interpreter& in, const Args& args) {
@@ -210,8 +162,7 @@ Value angtosFn(Interpreter& in, const Args& args) {
 
 const Builtin table[] = {
     {"DISTANCE", distanceFn, nullptr}, {"ANGLE", angleFn, nullptr}, {"POLAR", polarFn, nullptr},
-    {"INTERS", intersFn, nullptr},     {"TRANS", transFn, nullptr}, {"RTOS", rtosFn, nullptr},
-    {"ANGTOS", angtosFn, nullptr},
+    {"INTERS", intersFn, nullptr},     {"TRANS", transFn, nullptr}, {"ANGTOS", angtosFn, nullptr},
 };
 
 }  // namespace
