@@ -31,6 +31,9 @@ public:
     std::int64_t entLast() override;
     std::int64_t entMake(const ardo::ResBufChain& groups) override;
     bool entGet(std::int64_t entity, ardo::ResBufChain& groups) override;
+    bool entMod(std::int64_t entity, const ardo::ResBufChain& groups) override;
+    bool entDel(std::int64_t entity) override;
+    std::int64_t handEnt(const std::string& handle) override;
     // LAYER records carry name, flags, colour (negative when off), linetype, lineweight
     // and plottable; LTYPE records name and flags. Other tables have no records here.
     bool tblSearch(const std::string& table, const std::string& name, ardo::ResBufChain& record) override;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "cadhost/app/Application.h"
+#include "cadhost/commands/CommandNames.h"
 #include "cadhost/lisp/ResBufConvert.h"
 #include "base/CaseFold.h"
 
@@ -48,7 +49,11 @@ bool expressionComplete(std::string_view source) {
 }
 
 bool CommandLine::busy() const {
-    return !openExpression_.empty() || documents_.waiting() || host_.commands().active();
+    return !openExpression_.empty() || documents_.waiting() || (host_.hasDocument() && host_.commands().active());
+}
+
+void CommandLine::closeUndoStep(const std::string& label) {
+    if (host_.hasDocument()) host_.current().undoHistory().closeStep(label);
 }
 
 CommandLine::Route CommandLine::route(std::string_view line) const {
@@ -85,6 +90,21 @@ bool CommandLine::echoesItself(std::string_view line) const {
 }
 
 void CommandLine::enter(std::string_view line) {
+    if (!busy()) {
+        // Changes made meanwhile outside the command line (a dialog, a pane) are a step
+        // of their own; this input starts the next.
+        closeUndoStep("GROUP");
+        const std::string_view text = ardo::trimWhite(line);
+        stepLabel_ = text.starts_with('(') || text.starts_with('!') || text.empty()
+                         ? std::string("GROUP")
+                         : commands::commandKey(words(text).front());
+    }
+    step(line);
+    host_.idle();
+    if (!busy()) closeUndoStep(stepLabel_);
+}
+
+void CommandLine::step(std::string_view line) {
     const std::string_view text = ardo::trimWhite(line);
     switch (route(line)) {
     case Route::MoreExpression: {
@@ -109,7 +129,6 @@ void CommandLine::enter(std::string_view line) {
     case Route::Command: startCommand(text); break;
     case Route::Nothing: break;
     }
-    host_.idle();
 }
 
 void CommandLine::evaluate(std::string_view source) {

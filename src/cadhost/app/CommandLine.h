@@ -45,6 +45,10 @@ private:
     // Where a line goes; entering it and echoing it follow the same rule.
     Route route(std::string_view line) const;
     CommandKind kindOf(const std::string& word) const;
+    // One line of input; enter() adds the undo steps around it.
+    void step(std::string_view line);
+    // Every command and every expression typed is one undo step.
+    void closeUndoStep(const std::string& label);
     void evaluate(std::string_view source);
     void answer(std::string_view line);
     void startCommand(std::string_view line);
@@ -53,6 +57,7 @@ private:
     Application& host_;
     DocumentCommands documents_;
     std::string openExpression_;
+    std::string stepLabel_;
     bool quit_ = false;
     std::size_t failures_ = 0;
 };

@@ -6,7 +6,7 @@
 
 #include "cadhost/app/CadLispHost.h"
 #include "cadhost/app/InputLisp.h"
-#include "cadhost/app/UndoHistory.h"
+#include "cadhost/drawing/UndoHistory.h"
 #include "cadhost/commands/CommandProcessor.h"
 #include "cadhost/drawing/Drawing.h"
 #include "cadhost/lisp/Interpreter.h"

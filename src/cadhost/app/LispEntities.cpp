@@ -1,5 +1,7 @@
 // entmake: DXF groups from LISP become an entity of model space, with the subclass markers
-// and the current layer filled in where the list leaves them out, as the common hosts do.
+// and the current layer filled in where the list leaves them out, as the common hosts do;
+// entmod, entdel and handent on the drawing's entities.
+#include <map>
 #include <string_view>
 #include <utility>
 
@@ -7,6 +9,7 @@
 #include "cadhost/app/Document.h"
 #include "cadhost/commands/NewEntity.h"
 #include "cadhost/dxf/GroupCode.h"
+#include "cadhost/dxf/TagValue.h"
 #include "base/CaseFold.h"
 
 namespace cadhost {
@@ -90,6 +93,44 @@ std::int64_t CadLispHost::entMake(const ardo::ResBufChain& groups) {
     }
     const auto made = drawing.makeEntity(tags);
     return made ? static_cast<std::int64_t>(*made) : 0;
+}
+
+bool CadLispHost::entMod(std::int64_t entity, const ardo::ResBufChain& groups) {
+    Drawing& drawing = document_.drawing();
+    const auto handle = static_cast<Handle>(entity);
+    const std::vector<EntityTag> before = drawing.entityTags(handle);
+    if (before.empty()) return false;
+    // References to other objects keep the values the entity has: the list names them as
+    // entity names, which the drawing resolves, not the list.
+    std::map<int, std::size_t> referenceSeen;
+    std::vector<EntityTag> tags;
+    for (const ardo::ResBuf& g : groups) {
+        if (g.restype == -1 || g.restype == 5) continue;
+        if (isValidGroupCode(g.restype) && valueKind(g.restype) == ValueKind::Handle) {
+            std::size_t k = referenceSeen[g.restype]++;
+            for (const EntityTag& t : before)
+                if (t.code == g.restype && k-- == 0) {
+                    tags.push_back(t);
+                    break;
+                }
+            continue;
+        }
+        appendGroup(tags, g);
+    }
+    return drawing.modifyEntity(handle, tags) == ardo::DbStatus::Ok;
+}
+
+bool CadLispHost::entDel(std::int64_t entity) {
+    Drawing& drawing = document_.drawing();
+    const auto handle = static_cast<Handle>(entity);
+    if (drawing.entity(handle)) return drawing.eraseEntity(handle) == ardo::DbStatus::Ok;
+    return drawing.isErasedEntity(handle) && drawing.restoreEntity(handle) == ardo::DbStatus::Ok;
+}
+
+std::int64_t CadLispHost::handEnt(const std::string& text) {
+    const Handle handle = toHandle(text);
+    const Drawing& drawing = document_.drawing();
+    return handle != 0 && (drawing.entity(handle) || drawing.isErasedEntity(handle)) ? static_cast<std::int64_t>(handle) : 0;
 }
 
 }  // namespace cadhost

@@ -14,6 +14,7 @@
 namespace cadhost {
 
 class Drawing;
+class UndoHistory;
 
 namespace commands {
 
@@ -30,6 +31,7 @@ struct Context {
     std::vector<std::int64_t> previousSelection;
     std::vector<MenuGroup> menuGroups;
     const ColorServices* colors = nullptr;
+    UndoHistory* undo = nullptr;
 
     // Messages are printed whatever CMDECHO says.
     void message(const std::string& text) const {

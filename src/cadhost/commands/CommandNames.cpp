@@ -1,15 +1,14 @@
 #include "cadhost/commands/CommandNames.h"
 
-#include <array>
-
 #include "cadhost/commands/DraftingCommands.h"
+#include "cadhost/commands/EditingCommands.h"
 #include "base/CaseFold.h"
 
 namespace cadhost::commands {
 
 namespace {
 
-constexpr std::array<CommandEntry, 17> kCommands{{
+constexpr CommandEntry kCommands[] = {
     {"LAYER", makeLayerCommand},
     {"VPLAYER", makeVplayerCommand},
     {"SELECT", makeSelectCommand},
@@ -27,7 +26,19 @@ constexpr std::array<CommandEntry, 17> kCommands{{
     {"ARC", makeArcCommand},
     {"TEXT", makeTextCommand},
     {"MTEXT", makeMtextCommand},
-}};
+    {"U", makeUCommand},
+    {"UNDO", makeUndoCommand},
+    {"REDO", makeRedoCommand},
+    {"MOVE", makeMoveCommand},
+    {"COPY", makeCopyCommand},
+    {"ROTATE", makeRotateCommand},
+    {"SCALE", makeScaleCommand},
+    {"MIRROR", makeMirrorCommand},
+    {"CHPROP", makeChpropCommand},
+    {"MATCHPROP", makeMatchpropCommand},
+    {"LAYCUR", makeLaycurCommand},
+    {"LAYMCUR", makeLaymcurCommand},
+};
 
 // Commands that have a "-" command-line form beside their dialog.
 bool hasDashForm(std::string_view name) { return name == "LAYER"; }

@@ -15,6 +15,7 @@ namespace cadhost {
 
 class ColorServices;
 class Drawing;
+class UndoHistory;
 
 class CommandProcessor {
 public:
@@ -28,6 +29,8 @@ public:
         std::function<void()> regenerate;
         // The application's colour services, for colour names typed at LAYER.
         const ColorServices* colors = nullptr;
+        // The document's undo history, for U, UNDO and REDO.
+        UndoHistory* undo = nullptr;
     };
 
     explicit CommandProcessor(Environment env);

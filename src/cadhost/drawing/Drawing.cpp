@@ -132,6 +132,8 @@ void Drawing::indexHandle(RecordId id, const DxfDocument::Head& head) {
 RecordId Drawing::indexTables(RecordId id) {
     Table* current = nullptr;
     for (; id != kNoRecord; id = doc_.next(id)) {
+        // Erased records stay linked in the document (undo may bring them back).
+        if (doc_.isErased(id)) continue;
         const auto tags = doc_.tags(id);
         const std::string_view type = tags[0].value;
         if (type == "ENDSEC") return id;
@@ -183,6 +185,7 @@ std::uint32_t Drawing::addEntity(RecordId record, std::int32_t block, RecordId& 
 RecordId Drawing::indexBlocks(RecordId id) {
     std::int32_t current = -1;
     for (; id != kNoRecord; id = doc_.next(id)) {
+        if (doc_.isErased(id)) continue;
         const std::string_view type = doc_.type(id);
         if (type == "ENDSEC") return id;
         if (type == "BLOCK") {
@@ -209,6 +212,7 @@ RecordId Drawing::indexBlocks(RecordId id) {
 RecordId Drawing::indexEntities(RecordId id) {
     spaceEntities_.reserve(spaceEntities_.size() + doc_.recordCapacity() / 2);
     for (; id != kNoRecord; id = doc_.next(id)) {
+        if (doc_.isErased(id)) continue;
         if (doc_.type(id) == "ENDSEC") return id;
         RecordId cursor = id;
         spaceEntities_.push_back(addEntity(id, -1, cursor));
@@ -219,6 +223,7 @@ RecordId Drawing::indexEntities(RecordId id) {
 
 RecordId Drawing::indexObjects(RecordId id) {
     for (; id != kNoRecord; id = doc_.next(id)) {
+        if (doc_.isErased(id)) continue;
         if (doc_.type(id) == "ENDSEC") return id;
         indexHandle(id);
         objects_.push_back(id);
@@ -247,11 +252,13 @@ std::optional<RecordId> Drawing::recordByHandle(std::string_view text) const {
 }
 
 std::string Drawing::toDxf() {
-    if (handSeedChanged_) {
-        setHeaderVar("$HANDSEED", {{5, handleText(nextHandle_)}});
-        handSeedChanged_ = false;
-    }
-    return doc_.serialize(form_, isR12());
+    // The next handle is written into the saved header without changing the drawing, so
+    // saving is no change that undo would have to take back.
+    if (!handSeedChanged_ || header_ == kNoRecord || !headerVar("$HANDSEED")) return doc_.serialize(form_, isR12());
+    std::vector<OwnedTag> header = doc_.copyTags(header_);
+    const std::size_t at = headerIndex_.at("$HANDSEED") + 1;
+    if (at < header.size() && header[at].code == 5) header[at].value = handleText(nextHandle_);
+    return doc_.serialize(form_, isR12(), {header_, &header});
 }
 
 ardo::Status Drawing::save(const std::string& path) { return save(path, form_); }

@@ -50,6 +50,22 @@ struct EntityTag {
 
 struct RecoveredDrawing;
 
+// What the drawing keeps beside its records and an undo step must restore too: the next
+// handle (written to $HANDSEED on saving) and a current colour beyond the index colours.
+struct DrawingSession {
+    std::uint64_t nextHandle = 0;
+    bool handSeedChanged = false;
+    std::string currentColorBeyondIndex;
+};
+
+// The changes of one undo step, as the drawing records them.
+struct DrawingChanges {
+    DxfDocument::Edits edits;
+    DrawingSession before, after;
+    bool empty() const { return edits.empty(); }
+    std::size_t bytes() const { return sizeof(DrawingChanges) + edits.bytes(); }
+};
+
 class Drawing final : public ardo::HostDrawing {
 public:
     // A new, empty drawing made from the built-in template (AutoCAD 2018 format, named plot
@@ -178,6 +194,15 @@ public:
         std::vector<Handle> entities;
     };
     std::optional<BlockContents> blockContents(std::string_view name) const;
+    // Replaces the entity's data, as entmod does: `tags` in UTF-8 start with its type
+    // (group 0, which cannot change); the handle and owner stay; extended data stays unless
+    // the tags give some. KeyNotFound for an unknown entity or layer, InvalidInput for
+    // another type.
+    ardo::DbStatus modifyEntity(Handle handle, const std::vector<EntityTag>& tags);
+    // An entity erased in this session can be brought back (entdel's toggle) until undo
+    // or another change made it gone for good.
+    bool isErasedEntity(Handle handle) const;
+    ardo::DbStatus restoreEntity(Handle handle);
     // Moves the entity to an existing layer (the layers toolbar with objects selected);
     // KeyNotFound for an unknown entity or layer.
     ardo::DbStatus setEntityLayer(Handle handle, const std::string& layer);
@@ -189,6 +214,16 @@ public:
     // (331 or 341); a viewport without a list gets 331, as the DXF reference writes it.
     // KeyNotFound for an unknown viewport or layer; nothing is changed then.
     ardo::DbStatus setViewportFrozenLayers(Handle viewport, const std::vector<std::string>& layers);
+
+    // --- undo -------------------------------------------------------------------------
+    // While recording, every change, whoever makes it, is kept until taken as one step.
+    void recordChanges(bool on);
+    // The changes since the last call.
+    DrawingChanges takeChanges();
+    // Takes the step back or makes it again; listeners hear of every layer, linetype,
+    // entity and header variable that the step touched.
+    void undo(DrawingChanges& changes);
+    void redo(DrawingChanges& changes);
 
 private:
     struct Table {
@@ -213,6 +248,15 @@ private:
     explicit Drawing(DxfDocument doc);
     static ardo::Result<Drawing> load(std::string bytes, const std::string& path, DxfReadMode mode);
     void index();
+    // Indexes again after undo or redo changed records underneath the indexes.
+    void reindex();
+    DrawingSession session() const;
+    void restoreSession(const DrawingSession& session);
+    struct Touched;
+    std::vector<Touched> touched(const std::vector<RecordId>& records) const;
+    std::unordered_map<std::string, std::string> headerValues() const;
+    void announceSwitch(const std::vector<Touched>& before, const std::vector<Touched>& after);
+    void applyStep(DrawingChanges& changes, bool forward);
     void setPath(const std::string& path);   // kept absolute, for DWGPREFIX
     void indexHeader();
     RecordId indexTables(RecordId first);
@@ -314,6 +358,8 @@ private:
     std::vector<Entity> entities_;
     std::vector<std::uint32_t> spaceEntities_;                   // model and paper space, file order
     std::unordered_map<Handle, std::uint32_t> entityByHandle_;
+    // First and last record of entities erased in this session, for restoreEntity.
+    std::unordered_map<Handle, std::pair<RecordId, RecordId>> erasedEntities_;
     mutable std::vector<Block> blocks_;
     std::unordered_map<std::string, std::int32_t> blockByName_;  // folded name
     std::vector<RecordId> objects_;
@@ -328,6 +374,7 @@ private:
     std::string currentColorBeyondIndex_;
     std::uint64_t savedChanges_ = 0;   // the document's change count when read or saved
     bool restored_ = false;
+    DrawingSession stepStart_;         // the session when the changes being recorded began
     struct CurrentLayer {
         std::uint32_t headerRevision = 0;
         std::string name;

@@ -193,6 +193,7 @@ std::size_t Drawing::eraseEntities(const std::vector<Handle>& handles) {
     for (Handle handle : handles) {
         const Entity* e = findEntity(handle);
         if (!e) continue;
+        erasedEntities_[handle] = {e->record, e->last};
         std::vector<RecordId> records{e->record};
         while (records.back() != e->last) records.push_back(doc_.next(records.back()));
         for (RecordId id : records) {

@@ -1,6 +1,7 @@
 #include "cadhost/dxf/DxfDocument.h"
 
 #include <charconv>
+#include <utility>
 
 #include "cadhost/dxf/DxfBinary.h"
 #include "cadhost/dxf/DxfLines.h"
@@ -60,6 +61,20 @@ std::vector<OwnedTag> DxfDocument::copyTags(RecordId id) const {
     return out;
 }
 
+namespace {
+
+// What a kept record content costs: its tags and their texts beyond the small-string buffer.
+template <class Edited>
+std::size_t editedBytes(const Edited* e) {
+    if (!e) return 0;
+    std::size_t bytes = sizeof(Edited) + e->owned.capacity() * sizeof(e->owned[0]) + e->views.capacity() * sizeof(e->views[0]);
+    for (const auto& t : e->owned)
+        if (t.value.capacity() > sizeof(std::string)) bytes += t.value.capacity();
+    return bytes;
+}
+
+}  // namespace
+
 std::unique_ptr<DxfDocument::Edited> DxfDocument::makeEdited(std::vector<OwnedTag> tags) {
     auto e = std::make_unique<Edited>();
     e->owned = std::move(tags);
@@ -69,9 +84,50 @@ std::unique_ptr<DxfDocument::Edited> DxfDocument::makeEdited(std::vector<OwnedTa
 }
 
 void DxfDocument::replace(RecordId id, std::vector<OwnedTag> tags) {
-    records_[id].edited = makeEdited(std::move(tags));
+    auto edited = makeEdited(std::move(tags));
+    if (recording_) {
+        Edits::Edit edit{id, false, std::move(edited)};
+        swapEdit(edit);
+        pending_.bytes_ += sizeof(Edits::Edit) + editedBytes(edit.other.get());
+        pending_.edits_.push_back(std::move(edit));
+        return;
+    }
+    records_[id].edited = std::move(edited);
     ++records_[id].revision;
     ++changes_;
+}
+
+void DxfDocument::keepToggle(RecordId id) {
+    if (!recording_) return;
+    pending_.edits_.push_back({id, true, nullptr});
+    pending_.bytes_ += sizeof(Edits::Edit);
+}
+
+void DxfDocument::swapEdit(Edits::Edit& edit) {
+    Record& r = records_[edit.id];
+    if (edit.toggle)
+        r.erased = !r.erased;
+    else
+        std::swap(r.edited, edit.other);
+    ++r.revision;
+    ++changes_;
+}
+
+DxfDocument::Edits DxfDocument::takeEdits() { return std::exchange(pending_, Edits{}); }
+
+void DxfDocument::revert(Edits& edits) {
+    for (auto it = edits.edits_.rbegin(); it != edits.edits_.rend(); ++it) swapEdit(*it);
+}
+
+void DxfDocument::reapply(Edits& edits) {
+    for (Edits::Edit& edit : edits.edits_) swapEdit(edit);
+}
+
+std::vector<RecordId> DxfDocument::Edits::records() const {
+    std::vector<RecordId> out;
+    out.reserve(edits_.size());
+    for (const Edit& edit : edits_) out.push_back(edit.id);
+    return out;
 }
 
 RecordId DxfDocument::insertBefore(RecordId before, std::vector<OwnedTag> tags) {
@@ -87,6 +143,7 @@ RecordId DxfDocument::insertBefore(RecordId before, std::vector<OwnedTag> tags) 
         records_[records_[id].prev].next = id;
     records_[before].prev = id;
     ++changes_;
+    keepToggle(id);
     return id;
 }
 
@@ -103,13 +160,24 @@ RecordId DxfDocument::append(std::vector<OwnedTag> tags) {
     else
         records_[last].next = id;
     ++changes_;
+    keepToggle(id);
     return id;
 }
 
+void DxfDocument::restore(RecordId id) {
+    if (!records_[id].erased) return;
+    records_[id].erased = false;
+    ++records_[id].revision;
+    ++changes_;
+    keepToggle(id);
+}
+
 void DxfDocument::erase(RecordId id) {
+    if (records_[id].erased) return;
     records_[id].erased = true;
     ++records_[id].revision;
     ++changes_;
+    keepToggle(id);
 }
 
 template <class Tag>
@@ -137,7 +205,9 @@ void DxfDocument::appendTags(std::string& out, std::span<const Tag> tags, DxfFor
     }
 }
 
-std::string DxfDocument::serialize(DxfForm form, bool oneByteCodes) const {
+std::string DxfDocument::serialize(DxfForm form, bool oneByteCodes) const { return serialize(form, oneByteCodes, Substitute{}); }
+
+std::string DxfDocument::serialize(DxfForm form, bool oneByteCodes, Substitute inPlaceOf) const {
     const std::string& source = this->source();
     const bool asRead = form == this->form();
     if (wasBinary_) oneByteCodes = oneByteCodes_;
@@ -156,14 +226,17 @@ std::string DxfDocument::serialize(DxfForm form, bool oneByteCodes) const {
     for (RecordId id = first_; id != kNoRecord; id = records_[id].next) {
         const Record& r = records_[id];
         if (r.erased) continue;
-        if (asRead && !r.edited && runEnd == r.byteBegin && runEnd != 0) {
+        const bool substituted = id == inPlaceOf.id;
+        if (asRead && !r.edited && !substituted && runEnd == r.byteBegin && runEnd != 0) {
             runEnd = r.byteEnd;
             continue;
         }
         flush();
         // A file cut off inside a line leaves its last record without a line end.
         if (form == DxfForm::Ascii && !out.empty() && out.back() != '\n' && out.size() > preamble_) out += lineEnding();
-        if (r.edited) {
+        if (substituted) {
+            appendTags(out, std::span<const OwnedTag>(*inPlaceOf.tags), form, oneByteCodes);
+        } else if (r.edited) {
             appendTags(out, std::span<const OwnedTag>(r.edited->owned), form, oneByteCodes);
         } else if (asRead) {
             runBegin = r.byteBegin;

@@ -69,6 +69,8 @@ public:
     // Links a new record at the end.
     RecordId append(std::vector<OwnedTag> tags);
     void erase(RecordId id);
+    // Brings an erased record back where it was.
+    void restore(RecordId id);
     bool isErased(RecordId id) const { return records_[id].erased; }
     // How often the record was replaced or erased: what was read from it is still true
     // while this stays the same (ids are never used twice).
@@ -76,6 +78,37 @@ public:
     // Every replace, insertion and erasure counts: unchanged since a moment while this
     // stays the same.
     std::uint64_t changeCount() const { return changes_; }
+
+    // Undo: while recording, every replace, insertion and erasure is kept so that it can be
+    // taken back and made again. Each kept edit holds what it replaced, so reverting swaps
+    // the record back and reapplying swaps it forward; records are never freed or moved,
+    // which keeps the swaps valid in strict reverse order.
+private:
+    struct Edited;
+public:
+    class Edits {
+    public:
+        bool empty() const { return edits_.empty(); }
+        // Memory the kept edits hold, for the undo budget.
+        std::size_t bytes() const { return bytes_; }
+        // The records the edits touched, oldest first (a record may come more than once).
+        std::vector<RecordId> records() const;
+
+    private:
+        friend class DxfDocument;
+        struct Edit {
+            RecordId id = kNoRecord;
+            bool toggle = false;               // an insertion or erasure: flips the erased flag
+            std::unique_ptr<Edited> other;     // a replace: the record's other content
+        };
+        std::vector<Edit> edits_;
+        std::size_t bytes_ = 0;
+    };
+    void setRecording(bool on) { recording_ = on; }
+    // The edits made since the last call.
+    Edits takeEdits();
+    void revert(Edits& edits);
+    void reapply(Edits& edits);
 
     // Line ending of the file ("\r\n" or "\n"); new records are written with it.
     std::string_view lineEnding() const { return crlf_ ? "\r\n" : "\n"; }
@@ -88,7 +121,14 @@ public:
     // The file in the given form; records are copied as bytes when the form is the one
     // read, and written from their tags otherwise. `oneByteCodes` chooses the group codes
     // of Release 12 when text is turned into binary.
+    // `in place of` writes one record from other tags without changing the document (a
+    // value kept outside the records until saving, such as the next handle).
+    struct Substitute {
+        RecordId id = kNoRecord;
+        const std::vector<OwnedTag>* tags = nullptr;
+    };
     std::string serialize(DxfForm form, bool oneByteCodes = false) const;
+    std::string serialize(DxfForm form, bool oneByteCodes, Substitute inPlaceOf) const;
 
 private:
     struct Edited {
@@ -130,6 +170,10 @@ private:
     std::uint32_t lastLine_ = 0;   // number of the file's last line
     std::vector<DxfRepair> repairs_;
     std::uint64_t changes_ = 0;
+    bool recording_ = false;
+    Edits pending_;
+    void keepToggle(RecordId id);
+    void swapEdit(Edits::Edit& edit);
 };
 
 }  // namespace cadhost

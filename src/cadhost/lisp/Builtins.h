@@ -13,5 +13,6 @@ std::span<const Builtin> stringBuiltins();
 std::span<const Builtin> outputBuiltins();
 std::span<const Builtin> systemBuiltins();
 std::span<const Builtin> hostBuiltins();
+std::span<const Builtin> geometryBuiltins();
 
 }  // namespace cadhost::lisp

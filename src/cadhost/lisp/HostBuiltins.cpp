@@ -239,7 +239,41 @@ Value tblnextFn(Interpreter& in, const Args& args) {
     return recordOrNil(found, record);
 }
 
+// (entmod list): the list back, or nil when the drawing refuses it.
+Value entmodFn(Interpreter& in, const Args& args) {
+    checkCount(args, 1, 1);
+    const Value& list = listArg(args[0]);
+    std::int64_t entity = 0;
+    for (const Value* p = &list; p->isList(); p = &p->cdr()) {
+        const Value& pair = p->car();
+        if (pair.isList() && pair.car().kind() == Kind::Int && pair.car().asInt() == -1 && pair.cdr().kind() == Kind::Ename)
+            entity = pair.cdr().asId();
+    }
+    if (entity == 0) throw LispError("bad DXF group: " + prin1String(list));
+    return in.host().entMod(entity, listToGroups(list)) ? args[0] : Value();
+}
+
+// (entdel ename): erases the entity, or brings it back when this session erased it.
+Value entdelFn(Interpreter& in, const Args& args) {
+    checkCount(args, 1, 1);
+    return in.host().entDel(enameArg(args[0])) ? args[0] : Value();
+}
+
+// (entupd ename): the drawing shows changes at once, so only the name comes back.
+Value entupdFn(Interpreter& in, const Args& args) {
+    checkCount(args, 1, 1);
+    ardo::ResBufChain groups;
+    return in.host().entGet(enameArg(args[0]), groups) ? args[0] : Value();
+}
+
+Value handentFn(Interpreter& in, const Args& args) {
+    checkCount(args, 1, 1);
+    return enameOrNil(in.host().handEnt(stringArg(args[0])));
+}
+
 const Builtin table[] = {
+    {"ENTMOD", entmodFn, nullptr},       {"ENTDEL", entdelFn, nullptr},   {"ENTUPD", entupdFn, nullptr},
+    {"HANDENT", handentFn, nullptr},
     {"GETVAR", getvarFn, nullptr},       {"SETVAR", setvarFn, nullptr},   {"COMMAND", commandFn, nullptr},
     {"SSGET", ssgetFn, nullptr},         {"SSLENGTH", sslengthFn, nullptr}, {"SSNAME", ssnameFn, nullptr},
     {"SSADD", ssaddFn, nullptr},         {"SSDEL", ssdelFn, nullptr},       {"SSMEMB", ssmembFn, nullptr},     {"ENTGET", entgetFn, nullptr},

@@ -24,7 +24,7 @@ Interpreter::Interpreter(LispHost& host)
       symSlash_(symbols_.intern("/")),
       symError_(symbols_.intern("*ERROR*")) {
     for (auto table : {specialForms(), listBuiltins(), numberBuiltins(), stringBuiltins(), outputBuiltins(),
-                       systemBuiltins(), hostBuiltins()})
+                       systemBuiltins(), hostBuiltins(), geometryBuiltins()})
         for (const Builtin& b : table) symbols_.intern(b.name)->value = Value::subr(&b);
     symT_->value = t();
     symVoid_->value = voidValue();

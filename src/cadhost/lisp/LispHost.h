@@ -38,6 +38,12 @@ public:
     // or 0 when the drawing refuses the groups.
     virtual std::int64_t entMake(const ardo::ResBufChain& groups) = 0;
 
+    // entmod: replaces the entity's groups (as entget gives them, without -1); false when
+    // the drawing refuses them. entdel: erases the entity, or brings back one erased in
+    // this session; false when there is neither. handEnt: the entity with the handle, or 0.
+    virtual bool entMod(std::int64_t /*entity*/, const ardo::ResBufChain& /*groups*/) { return false; }
+    virtual bool entDel(std::int64_t /*entity*/) { return false; }
+    virtual std::int64_t handEnt(const std::string& /*handle*/) { return 0; }
     // Symbol table records ("LAYER", "LTYPE", ...) as DXF groups.
     virtual bool tblSearch(const std::string& table, const std::string& name, ardo::ResBufChain& record) = 0;
     virtual bool tblNext(const std::string& table, bool rewind, ardo::ResBufChain& record) = 0;

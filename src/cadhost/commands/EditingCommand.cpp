@@ -1,0 +1,95 @@
+#include "cadhost/commands/EditingCommand.h"
+
+#include <unordered_map>
+
+#include "cadhost/commands/EntityTransform.h"
+
+namespace cadhost::commands {
+
+namespace {
+
+std::string counted(std::size_t n, const std::string& what) {
+    return std::to_string(n) + (n == 1 ? " was " : " were ") + what + ".\n";
+}
+
+}  // namespace
+
+std::vector<Handle> editableEntities(const Context& context, const std::vector<std::int64_t>& entities) {
+    Drawing& drawing = *context.drawing;
+    std::size_t locked = 0, elsewhere = 0;
+    const auto tilemode = drawing.getVar("TILEMODE");
+    const Space current = !tilemode || tilemode->integer != 0 ? Space::Model : Space::Paper;
+    std::vector<Handle> out;
+    out.reserve(entities.size());
+    std::unordered_map<std::string, bool> lockedLayers;   // looked up once per layer
+    for (std::int64_t id : entities) {
+        const auto entity = drawing.entity(static_cast<Handle>(id));
+        if (!entity) continue;
+        if (entity->space != current) {
+            ++elsewhere;
+            continue;
+        }
+        auto [known, fresh] = lockedLayers.try_emplace(entity->layer, false);
+        if (fresh) {
+            const auto layer = drawing.findLayer(entity->layer);
+            known->second = layer && layer->isLocked;
+        }
+        if (known->second)
+            ++locked;
+        else
+            out.push_back(static_cast<Handle>(id));
+    }
+    if (elsewhere > 0) context.message(counted(elsewhere, "not in current space"));
+    if (locked > 0) context.message(counted(locked, "on a locked layer"));
+    return out;
+}
+
+EditingCommand::EditingCommand(Context& context)
+    : context_(context), drawing_(*context.drawing),
+      selection_(*context.drawing, context.previousSelection, context.selectionMembers) {}
+
+std::string EditingCommand::prompt() const { return selecting_ ? selection_.prompt() : ownPrompt(); }
+
+InputRequest EditingCommand::request() const { return selecting_ ? selection_.request() : ownRequest(); }
+
+Step EditingCommand::take(const ardo::ResBuf& input) {
+    if (!selecting_) return answer(input);
+    const ObjectSelection::Voice voice{[this](const std::string& text) { context_.echo(text); },
+                                       [this](const std::string& text) { context_.message(text); }};
+    switch (selection_.take(input, voice)) {
+        case ObjectSelection::Outcome::More: return Step::More;
+        case ObjectSelection::Outcome::Refused: return Step::Refused;
+        case ObjectSelection::Outcome::Done: break;
+    }
+    context_.previousSelection = selection_.selected();
+    entities_ = editableEntities(context_, selection_.selected());
+    if (entities_.empty()) return Step::Done;
+    selecting_ = false;
+    return begin();
+}
+
+std::vector<Handle> transformEntities(const Context& context, const std::vector<Handle>& entities,
+                                      const Transform& transform, bool copy) {
+    Drawing& drawing = *context.drawing;
+    std::vector<Handle> copies;
+    std::size_t unknown = 0;
+    for (Handle h : entities) {
+        auto tags = transformedTags(drawing.entityTags(h), transform);
+        if (!tags || !drawing.entityParts(h).empty()) {
+            ++unknown;
+            continue;
+        }
+        if (copy) {
+            std::erase_if(*tags, [](const EntityTag& t) { return t.code == 5 || t.code == 330; });
+            if (const auto made = drawing.makeEntity(*tags)) copies.push_back(*made);
+        } else {
+            drawing.modifyEntity(h, *tags);
+        }
+    }
+    if (unknown > 0)
+        context.message(std::to_string(unknown) + (unknown == 1 ? " object was" : " objects were") +
+                        " of a kind this command cannot change.\n");
+    return copies;
+}
+
+}  // namespace cadhost::commands
