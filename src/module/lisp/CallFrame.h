@@ -18,6 +18,7 @@ enum class ArgKind {
     Real,     // RTREAL
     Number,   // an integer or a real
     List,     // a bracketed list
+    SelectionSet,  // RTPICKS
     Any,
 };
 
