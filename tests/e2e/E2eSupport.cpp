@@ -1,10 +1,10 @@
 #include "e2e/E2eSupport.h"
 
-
 #include <gtest/gtest.h>
 
 #include "support/Ezdxf.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <variant>
 
@@ -35,6 +35,16 @@ RunResult Installation::run(const std::vector<std::string>& args, const std::str
     std::vector<std::string> argv{file("ardo-cad").string()};
     argv.insert(argv.end(), args.begin(), args.end());
     return runProcess(argv, env, input);
+}
+
+TemporaryFolderOf::TemporaryFolderOf(const Installation& install) {
+    if (const char* old = std::getenv("TMPDIR")) old_ = old;
+    setenv("TMPDIR", install.scratch("tmp").c_str(), 1);
+}
+
+TemporaryFolderOf::~TemporaryFolderOf() {
+    if (old_) setenv("TMPDIR", old_->c_str(), 1);
+    else unsetenv("TMPDIR");
 }
 
 fs::path officeDrawing() { return fs::path(ARDO_SOURCE_DIR) / "examples/drawings/office.dxf"; }

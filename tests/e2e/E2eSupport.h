@@ -43,6 +43,19 @@ private:
     fs::path folder_;
 };
 
+// TMPDIR points into the installation while a test runs (the module writes its command stub
+// there) and is given back afterwards.
+class TemporaryFolderOf {
+public:
+    explicit TemporaryFolderOf(const Installation& install);
+    ~TemporaryFolderOf();
+    TemporaryFolderOf(const TemporaryFolderOf&) = delete;
+    TemporaryFolderOf& operator=(const TemporaryFolderOf&) = delete;
+
+private:
+    std::optional<std::string> old_;
+};
+
 // The sample drawing of the examples and a corpus drawing copied for these tests.
 fs::path officeDrawing();
 fs::path corpusDrawing();

@@ -9,9 +9,7 @@
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
-#include <cstdlib>
 #include <fstream>
-#include <optional>
 #include <sstream>
 
 #include "cadhost/app/Application.h"
@@ -44,22 +42,6 @@ int rowNamed(QTableView& table, const QString& name) {
     ADD_FAILURE() << name.toStdString() << " is not listed";
     return -1;
 }
-
-// TMPDIR points into the installation for one test and is given back afterwards.
-class TemporaryFolderOf {
-public:
-    explicit TemporaryFolderOf(const Installation& install) {
-        if (const char* old = std::getenv("TMPDIR")) old_ = old;
-        setenv("TMPDIR", install.scratch("tmp").c_str(), 1);
-    }
-    ~TemporaryFolderOf() {
-        if (old_) setenv("TMPDIR", old_->c_str(), 1);
-        else unsetenv("TMPDIR");
-    }
-
-private:
-    std::optional<std::string> old_;
-};
 
 TEST(LayerDialogE2e, EditLayersRenamesSavesAndRegenerates) {
     test::guiApplication();

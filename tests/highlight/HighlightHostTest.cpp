@@ -8,7 +8,6 @@
 #include <QTest>
 #include <QTimer>
 #include <deque>
-#include <cstdlib>
 #include <fstream>
 #include <optional>
 
@@ -39,23 +38,6 @@ fs::path drawingWithHatch(const Installation& install) {
     EXPECT_TRUE(drawing->save(path.string()));
     return path;
 }
-
-// TMPDIR points into the installation while a test runs (the module's command stub goes
-// there) and is given back afterwards.
-class TemporaryFolderOf {
-public:
-    explicit TemporaryFolderOf(const Installation& install) {
-        if (const char* old = std::getenv("TMPDIR")) old_ = old;
-        setenv("TMPDIR", install.scratch("tmp").c_str(), 1);
-    }
-    ~TemporaryFolderOf() {
-        if (old_) setenv("TMPDIR", old_->c_str(), 1);
-        else unsetenv("TMPDIR");
-    }
-
-private:
-    std::optional<std::string> old_;
-};
 
 // Writes the highlight options every new user of the installation starts with.
 void startingOptions(const Installation& install, const std::string& keys) {

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "highlight/BlinkControl.h"
 #include "highlight/HighlightFrames.h"
 #include "highlight/HighlightPrompt.h"
 #include "highlight/cOptHighlight.h"
@@ -118,6 +119,16 @@ TEST(HighlightPromptTest, EachKeywordHasItsCodeAndEverythingElseReturns) {
     EXPECT_EQ(highlightCode(true, "Hilfe", words), HighlightCode::Help);
     EXPECT_EQ(highlightCode(true, "irgendwas", words), HighlightCode::Return);
     EXPECT_EQ(highlightCode(false, "Optionen", words), HighlightCode::Return) << "a cancel ends the prompt";
+}
+
+TEST(BlinkControlTest, NoFrequencyMeansOneChangeInTenSeconds) {
+    BlinkControl control;
+    for (double f : {0.0, -2.0, 0.1}) {
+        control.setFrequency(f);
+        EXPECT_EQ(control.periodMs(), 10000) << f;
+    }
+    control.setFrequency(3.0);
+    EXPECT_EQ(control.periodMs(), 333);
 }
 
 TEST(HighlightFrameTest, CrossedBoxRunsRoundTheGrownExtentsAndBothDiagonals) {
