@@ -73,7 +73,7 @@ struct Tally final : cadhost::DrawingListener {
 
 TEST(Documents, ListenersHearWhatTheModuleChangedInTheirDrawing) {
     const Installation install;
-    setenv("TMPDIR", install.scratch("tmp").c_str(), 1);
+    const TemporaryFolderOf temporary(install);
     std::string printed;
     cadhost::ConsoleInterface ui([&](std::string_view text) { printed += text; });
     cadhost::Application app(ui);
