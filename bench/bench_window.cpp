@@ -14,29 +14,16 @@
 #include <filesystem>
 #include <fstream>
 
+#include "BestOf.h"
 #include "GeneratedDrawing.h"
 #include "cadhost/gui/DrawingView.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
-
-double ms(Clock::time_point since) {
-    return std::chrono::duration<double, std::milli>(Clock::now() - since).count();
-}
-
-// The best of several runs: the figure the view can reach, free of scheduling noise.
-template <class F>
-double best(int runs, F&& f) {
-    double out = 1e300;
-    for (int i = 0; i < runs; ++i) {
-        const auto t = Clock::now();
-        f();
-        out = std::min(out, ms(t));
-    }
-    return out;
-}
+using bench::best;
+using bench::Clock;
+using bench::ms;
 
 void row(const char* what, double ours, const char* baseline, double base) {
     std::printf("  %-22s %10.2f ms   %-34s %10.2f ms   ratio %6.2f\n", what, ours, baseline, base, ours / base);

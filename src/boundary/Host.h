@@ -1,9 +1,9 @@
 #pragma once
 // The one boundary between the module and its CAD application. The module asks every
 // service of its host through this interface and never calls a host any other way.
-#include <string>
-
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "boundary/HostColor.h"
 #include "boundary/HostDrawing.h"
@@ -99,6 +99,35 @@ public:
     // point, RTCAN when cancelled, RTERROR when nothing was picked or there is nothing to
     // pick in.
     virtual int entSel(const std::string& prompt, std::int64_t& entity, Point3& point) = 0;
+
+    // Prompts that take keywords, as acedInitGet and acedGetKword: initGet sets the control
+    // bits (1 no Enter, 128 any text) and the keywords ("Yes No") for the next input call.
+    // getKword: RTNORM with the keyword, or with the typed text under bit 128; RTNONE for
+    // Enter; RTCAN when cancelled or nobody can answer.
+    virtual int initGet(int bits, const std::string& keywords) = 0;
+    virtual int getKword(const std::string& prompt, std::string& result) = 0;
+    // A distance typed or given by two points (picked in a view or typed): RTNORM with it,
+    // RTNONE for Enter, RTCAN as above.
+    virtual int getDist(const std::string& prompt, double& result) = 0;
+
+    // Selection sets (RTPICKS ids), as acedSSLength, acedSSName, acedSSAdd and acedSSFree.
+    // ssAdd with entity 0 makes a new empty set, with set 0 a new set of that entity, else
+    // it adds the entity to the set; the result names the set. A set made here lives until
+    // ssFree. RTERROR for an unknown set, an index past the end or an unknown entity.
+    virtual int ssLength(std::int64_t set, long& length) = 0;
+    virtual int ssName(std::int64_t set, long index, std::int64_t& entity) = 0;
+    virtual int ssAdd(std::int64_t entity, std::int64_t set, std::int64_t& result) = 0;
+    virtual int ssFree(std::int64_t set) = 0;
+
+    // Entities of the working drawing: the DXF type name ("HATCH", "LINE"), the geometric
+    // extents, erasing one, and appending a lightweight polyline (bulges 0, the given
+    // constant width) to the current space on a layer. RTERROR for an unknown entity or
+    // one without extents, or a layer the drawing lacks.
+    virtual int entityType(std::int64_t entity, std::string& type) = 0;
+    virtual int entityExtents(std::int64_t entity, Point3& min, Point3& max) = 0;
+    virtual int entDel(std::int64_t entity) = 0;
+    virtual int addPolyline(const std::vector<Point3>& vertices, double width, const std::string& layer,
+                            std::int64_t& entity) = 0;
 };
 
 }  // namespace ardo

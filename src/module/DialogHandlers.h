@@ -10,6 +10,8 @@ struct DialogHandlers {
     LispHandler layerDialog = nullptr;      // kemb_layerDialog
     LispHandler ardoIniDialog = nullptr;    // kemb_ArdoIniDialog
     LispHandler editLayers = nullptr;       // C:Kemb_EditLayers
+    LispHandler highlight = nullptr;        // kemb_Highlight
+    LispHandler highlightOptions = nullptr; // C:kemb_HighlightOptions
 };
 
 DialogHandlers& dialogHandlers();

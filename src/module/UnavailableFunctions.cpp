@@ -31,8 +31,14 @@ int C_Kemb_EditLayers() {
     return notAvailable("Kemb_EditLayers", true);
 }
 int kemb_ColorDialog() { return notAvailable("kemb_ColorDialog", false); }
-int kemb_Highlight() { return notAvailable("kemb_Highlight", false); }
-int C_kemb_HighlightOptions() { return notAvailable("kemb_HighlightOptions", true); }
+int kemb_Highlight() {
+    if (LispHandler h = dialogHandlers().highlight) return h();
+    return notAvailable("kemb_Highlight", false);
+}
+int C_kemb_HighlightOptions() {
+    if (LispHandler h = dialogHandlers().highlightOptions) return h();
+    return notAvailable("kemb_HighlightOptions", true);
+}
 int kemb_MakeAreaShape() { return notAvailable("kemb_MakeAreaShape", false); }
 
 }  // namespace ardo::handlers

@@ -9,7 +9,6 @@
 #include "cadhost/app/Application.h"
 #include "cadhost/app/ConsoleInterface.h"
 #include "e2e/E2eSupport.h"
-#include "support/EnvironmentOverride.h"
 
 namespace ardo::e2e {
 namespace {
@@ -74,7 +73,7 @@ struct Tally final : cadhost::DrawingListener {
 
 TEST(Documents, ListenersHearWhatTheModuleChangedInTheirDrawing) {
     const Installation install;
-    const ardo::test::EnvironmentOverride tmp("TMPDIR", install.scratch("tmp"));
+    const TemporaryFolderOf temporary(install);
     std::string printed;
     cadhost::ConsoleInterface ui([&](std::string_view text) { printed += text; });
     cadhost::Application app(ui);

@@ -1,10 +1,10 @@
 #include "e2e/E2eSupport.h"
 
-
 #include <gtest/gtest.h>
 
 #include "support/Ezdxf.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <variant>
 
@@ -36,6 +36,8 @@ RunResult Installation::run(const std::vector<std::string>& args, const std::str
     argv.insert(argv.end(), args.begin(), args.end());
     return runProcess(argv, env, input);
 }
+
+TemporaryFolderOf::TemporaryFolderOf(const Installation& install) : tmp_("TMPDIR", install.scratch("tmp")) {}
 
 fs::path officeDrawing() { return fs::path(ARDO_SOURCE_DIR) / "examples/drawings/office.dxf"; }
 fs::path corpusDrawing() { return fs::path(ARDO_TEST_DATA) / "e2e/colors_r2018.dxf"; }

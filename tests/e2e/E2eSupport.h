@@ -10,6 +10,7 @@
 #include "cadhost/drawing/Drawing.h"
 #include "support/ChildProcess.h"
 #include "support/TempFolder.h"
+#include "support/EnvironmentOverride.h"
 
 namespace ardo::e2e {
 
@@ -41,6 +42,16 @@ public:
 private:
     test::TempFolder root_;
     fs::path folder_;
+};
+
+// TMPDIR points into the installation while a test runs (the module writes its command stub
+// there) and is given back afterwards.
+class TemporaryFolderOf {
+public:
+    explicit TemporaryFolderOf(const Installation& install);
+
+private:
+    ardo::test::EnvironmentOverride tmp_;
 };
 
 // The sample drawing of the examples and a corpus drawing copied for these tests.

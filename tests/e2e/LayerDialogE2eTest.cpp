@@ -9,9 +9,7 @@
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
-#include <cstdlib>
 #include <fstream>
-#include <optional>
 #include <sstream>
 
 #include "cadhost/app/Application.h"
@@ -19,7 +17,6 @@
 #include "cadhost/app/ModuleLoader.h"
 #include "dialog/GuiApplication.h"
 #include "e2e/E2eSupport.h"
-#include "support/EnvironmentOverride.h"
 
 namespace ardo::e2e {
 namespace {
@@ -45,15 +42,6 @@ int rowNamed(QTableView& table, const QString& name) {
     ADD_FAILURE() << name.toStdString() << " is not listed";
     return -1;
 }
-
-// TMPDIR points into the installation for one test and is given back afterwards.
-class TemporaryFolderOf {
-public:
-    explicit TemporaryFolderOf(const Installation& install) : tmp_("TMPDIR", install.scratch("tmp")) {}
-
-private:
-    ardo::test::EnvironmentOverride tmp_;
-};
 
 TEST(LayerDialogE2e, EditLayersRenamesSavesAndRegenerates) {
     test::guiApplication();

@@ -53,6 +53,18 @@ public:
     void updateDisplay() override {}
     int colorDialog(HostColor&, bool) override { return RTCAN; }
     int entSel(const std::string&, std::int64_t&, Point3&) override { return RTCAN; }
+    // Nobody answers prompts, and there are no selection sets or entities to work on.
+    int initGet(int, const std::string&) override { return RTNORM; }
+    int getKword(const std::string&, std::string&) override { return RTCAN; }
+    int getDist(const std::string&, double&) override { return RTCAN; }
+    int ssLength(std::int64_t, long&) override { return RTERROR; }
+    int ssName(std::int64_t, long, std::int64_t&) override { return RTERROR; }
+    int ssAdd(std::int64_t, std::int64_t, std::int64_t&) override { return RTERROR; }
+    int ssFree(std::int64_t) override { return RTERROR; }
+    int entityType(std::int64_t, std::string&) override { return RTERROR; }
+    int entityExtents(std::int64_t, Point3&, Point3&) override { return RTERROR; }
+    int entDel(std::int64_t) override { return RTERROR; }
+    int addPolyline(const std::vector<Point3>&, double, const std::string&, std::int64_t&) override { return RTERROR; }
 
 private:
     ResBufChain args_;

@@ -152,6 +152,22 @@ int ScriptedHost::colorDialog(HostColor& color, bool) {
     return RTNORM;
 }
 
+int ScriptedHost::getKword(const std::string& prompt, std::string& result) {
+    prompts.push_back(prompt);
+    if (keywords.empty()) return RTCAN;
+    result = keywords.front();
+    keywords.pop_front();
+    return RTNORM;
+}
+
+int ScriptedHost::getDist(const std::string& prompt, double& result) {
+    prompts.push_back(prompt);
+    if (distances.empty()) return RTCAN;
+    result = distances.front();
+    distances.pop_front();
+    return RTNORM;
+}
+
 int ScriptedHost::entSel(const std::string& prompt, std::int64_t& entity, Point3& point) {
     printed += prompt;
     if (picks.empty()) return RTCAN;

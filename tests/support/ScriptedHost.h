@@ -111,6 +111,20 @@ public:
     void updateDisplay() override { ++displayUpdates; }
     int colorDialog(HostColor& color, bool allowMetaColors) override;
     int entSel(const std::string& prompt, std::int64_t& entity, Point3& point) override;
+    // Keyword and distance prompts take the answers below in order (cancelled when none is
+    // left) and record their prompts; selection sets and entities are left to tests that
+    // run the real host.
+    int initGet(int, const std::string&) override { return RTNORM; }
+    int getKword(const std::string& prompt, std::string& result) override;
+    int getDist(const std::string& prompt, double& result) override;
+    int ssLength(std::int64_t, long&) override { return RTERROR; }
+    int ssName(std::int64_t, long, std::int64_t&) override { return RTERROR; }
+    int ssAdd(std::int64_t, std::int64_t, std::int64_t&) override { return RTERROR; }
+    int ssFree(std::int64_t) override { return RTERROR; }
+    int entityType(std::int64_t, std::string&) override { return RTERROR; }
+    int entityExtents(std::int64_t, Point3&, Point3&) override { return RTERROR; }
+    int entDel(std::int64_t) override { return RTERROR; }
+    int addPolyline(const std::vector<Point3>&, double, const std::string&, std::int64_t&) override { return RTERROR; }
 
     // Redraws asked for (entity, mode), display updates, and the answers of the colour
     // dialog and of entity picks, in order: cancelled when none is left.
@@ -118,6 +132,9 @@ public:
     int displayUpdates = 0;
     std::deque<HostColor> chosenColors;
     std::deque<std::pair<std::int64_t, Point3>> picks;
+    std::deque<std::string> keywords;
+    std::deque<double> distances;
+    std::vector<std::string> prompts;
 
     // Applications loaded with arxLoad (file names without folder and extension, upper
     // case), files findFile knows (name -> path), and greyed menu entries ("GROUP|item").

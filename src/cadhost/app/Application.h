@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "base/Result.h"
@@ -144,6 +145,18 @@ public:
     void updateDisplay() override { ui_.updateDisplay(); }
     int colorDialog(ardo::HostColor& color, bool allowMetaColors) override;
     int entSel(const std::string& prompt, std::int64_t& entity, ardo::Point3& point) override;
+    int initGet(int bits, const std::string& keywords) override;
+    int getKword(const std::string& prompt, std::string& result) override;
+    int getDist(const std::string& prompt, double& result) override;
+    int ssLength(std::int64_t set, long& length) override;
+    int ssName(std::int64_t set, long index, std::int64_t& entity) override;
+    int ssAdd(std::int64_t entity, std::int64_t set, std::int64_t& result) override;
+    int ssFree(std::int64_t set) override;
+    int entityType(std::int64_t entity, std::string& type) override;
+    int entityExtents(std::int64_t entity, ardo::Point3& min, ardo::Point3& max) override;
+    int entDel(std::int64_t entity) override;
+    int addPolyline(const std::vector<ardo::Point3>& vertices, double width, const std::string& layer,
+                    std::int64_t& entity) override;
 
 private:
     // The call in progress: whose function, its code, its arguments and its result.
@@ -170,6 +183,8 @@ private:
     Frame frame_;
     const ardo::ResBufChain noArgs_;
     const LoadedModule* currentModule_ = nullptr;
+    // Selection sets a module made with ssAdd, held until it frees them.
+    std::unordered_map<std::int64_t, lisp::Value> moduleSets_;
     bool quitRequested_ = false;
     ModuleLoader modules_;
 };

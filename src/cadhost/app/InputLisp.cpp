@@ -381,4 +381,29 @@ void defineInputFunctions(Interpreter& in) {
     for (const lisp::Builtin& b : functions) in.intern(b.name)->value = Value::subr(&b);
 }
 
+namespace {
+
+// Runs one input function for a module: a nil answer is Enter, an error a cancel.
+template <typename Take>
+int askForModule(Interpreter& in, Value (*function)(Interpreter&, const Args&), const std::string& prompt, Take take) {
+    try {
+        const Value answer = function(in, {Value::string(prompt)});
+        if (answer.isNil()) return ardo::RTNONE;
+        take(answer);
+        return ardo::RTNORM;
+    } catch (const lisp::LispError&) {
+        return ardo::RTCAN;
+    }
+}
+
+}  // namespace
+
+int askKeyword(Interpreter& in, const std::string& prompt, std::string& result) {
+    return askForModule(in, getkwordFn, prompt, [&](const Value& v) { result = v.asString(); });
+}
+
+int askDistance(Interpreter& in, const std::string& prompt, double& result) {
+    return askForModule(in, getdistFn, prompt, [&](const Value& v) { result = v.asReal(); });
+}
+
 }  // namespace cadhost

@@ -21,4 +21,9 @@ struct InputRules {
 
 void defineInputFunctions(lisp::Interpreter& in);
 
+// getkword and getdist for the module's boundary calls, under the rules of the last
+// initget: RTNORM with the answer, RTNONE for Enter, RTCAN when cancelled.
+int askKeyword(lisp::Interpreter& in, const std::string& prompt, std::string& result);
+int askDistance(lisp::Interpreter& in, const std::string& prompt, double& result);
+
 }  // namespace cadhost

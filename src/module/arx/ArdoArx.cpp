@@ -3,6 +3,7 @@
 
 #include "about/ProductDialogs.h"
 #include "dialog/LayerDialogRun.h"
+#include "highlight/HighlightCommand.h"
 #include "help/Help.h"
 #include "help/window/HelpWindow.h"
 #include "module/ModuleEntry.h"
@@ -23,6 +24,7 @@ void installWindows() {
     ardo::setHelpViewer(ardo::showHelpAddress);
     ardo::setProductWindowOpener(ardo::openProductWindow);
     ardo::installLayerDialogHandlers();
+    ardo::installHighlightHandlers();
 }
 
 __attribute__((constructor)) void attachProcess() {

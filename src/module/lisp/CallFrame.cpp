@@ -31,6 +31,7 @@ bool CallFrame::fits(ArgKind kind, const ResBuf& node) {
         case ArgKind::Number:
             return node.restype == RTSHORT || node.restype == RTLONG || node.restype == RTREAL;
         case ArgKind::List: return node.restype == RTLB;
+        case ArgKind::SelectionSet: return node.restype == RTPICKS;
         case ArgKind::Any: return true;
     }
     return false;

@@ -19,6 +19,7 @@ enum class ArgKind {
     Real,     // RTREAL
     Number,   // an integer or a real
     List,     // a bracketed list
+    SelectionSet,  // RTPICKS
     Any,
 };
 
