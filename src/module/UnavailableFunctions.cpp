@@ -33,7 +33,6 @@ int C_Kemb_EditLayers() {
 int kemb_ColorDialog() { return notAvailable("kemb_ColorDialog", false); }
 int kemb_Highlight() { return notAvailable("kemb_Highlight", false); }
 int C_kemb_HighlightOptions() { return notAvailable("kemb_HighlightOptions", true); }
-int kemb_MakeAreaShape() { return notAvailable("kemb_MakeAreaShape", false); }
 
 }  // namespace ardo::handlers
 

@@ -9,7 +9,7 @@ namespace cadhost::commands {
 
 namespace {
 
-constexpr std::array<CommandEntry, 13> kCommands{{
+constexpr std::array<CommandEntry, 14> kCommands{{
     {"LAYER", makeLayerCommand},
     {"VPLAYER", makeVplayerCommand},
     {"SELECT", makeSelectCommand},
@@ -23,10 +23,12 @@ constexpr std::array<CommandEntry, 13> kCommands{{
     {"ERASE", makeEraseCommand},
     {"RECTANG", makeRectangCommand},
     {"POINT", makePointCommand},
+    {"MAPEXPORT", makeMapExportCommand},
 }};
 
-// Commands that have a "-" command-line form beside their dialog.
-bool hasDashForm(std::string_view name) { return name == "LAYER"; }
+// Commands that have a "-" command-line form beside their dialog (MAPEXPORT is known by
+// its dash form from GIS hosts; here both forms prompt on the command line).
+bool hasDashForm(std::string_view name) { return name == "LAYER" || name == "MAPEXPORT"; }
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "cadhost/drawing/Drawing.h"
+#include "cadhost/geometry/PolylineVertices.h"
 #include "cadhost/geometry/Queries.h"
 #include "cadhost/geometry/Shape.h"
 
@@ -29,27 +30,16 @@ private:
 };
 
 Shape lwpolylineShape(const std::vector<EntityTag>& tags) {
-    struct Vertex {
-        ardo::Point3 p{};
-        double bulge = 0;
-    };
-    std::vector<Vertex> vertices;
-    double elevation = 0;
-    bool closed = false;
-    for (const EntityTag& t : tags) {
-        if (t.code == 10) vertices.push_back({{number(t.value), 0, 0}, 0});
-        else if (t.code == 20 && !vertices.empty()) vertices.back().p[1] = number(t.value);
-        else if (t.code == 42 && !vertices.empty()) vertices.back().bulge = number(t.value);
-        else if (t.code == 38) elevation = number(t.value);
-        else if (t.code == 70) closed = (std::atoi(t.value.c_str()) & 1) != 0;
-    }
+    const PolylineData data = lwpolylineData(tags);
+    const std::vector<PolylineVertex>& vertices = data.vertices;
+    const bool closed = data.closed;
     Shape shape;
     if (vertices.size() == 1) shape.points.push_back(vertices.front().p);
     const std::size_t n = vertices.size();
     const std::size_t spans = closed ? n : (n == 0 ? 0 : n - 1);
     for (std::size_t i = 0; i < spans; ++i) {
-        Vertex from = vertices[i], to = vertices[(i + 1) % n];
-        from.p[2] = to.p[2] = elevation;
+        const PolylineVertex& from = vertices[i];
+        const PolylineVertex& to = vertices[(i + 1) % n];
         if (auto arc = bulgeArc(from.p, to.p, from.bulge)) shape.arcs.push_back(*arc);
         else shape.segments.push_back({from.p, to.p});
     }
