@@ -210,8 +210,10 @@ const LayerRecord& Drawing::decodedLayer(RecordId id) const {
 }
 
 DbStatus Drawing::forEachLayer(const std::function<bool(const LayerRecord&)>& visit) const {
+    // A minimal drawing without a layer table has no layers of its own yet; that is an empty
+    // walk, not a failure, so audits and lists treat it like any other drawing.
     const Table* t = table("LAYER");
-    if (!t) return DbStatus::NotInDatabase;
+    if (!t) return DbStatus::Ok;
     for (RecordId id : t->records) {
         if (doc_.isErased(id)) continue;
         // A copy: the visitor may change the drawing, and a listener read this layer anew.

@@ -31,6 +31,13 @@ TEST(Layers, ReadsEveryPropertyFromTheFile) {
     EXPECT_EQ(names, (std::vector<std::string>{"0", "Wände"}));
 }
 
+TEST(Layers, ADrawingWithoutALayerTableIsWalkedAsEmpty) {
+    Drawing d = test::parseOrFail("  0\nSECTION\n  2\nENTITIES\n  0\nENDSEC\n  0\nEOF\n");
+    int visited = 0;
+    EXPECT_EQ(d.forEachLayer([&](const LayerRecord&) { return ++visited, true; }), DbStatus::Ok);
+    EXPECT_EQ(visited, 0);
+}
+
 TEST(Layers, AddedLayerKeepsAllPropertiesThroughSaveAndLoad) {
     Drawing d;
     LayerRecord r;
