@@ -103,6 +103,8 @@ void CKEMB_XTPDockingPaneManager::place(QDockWidget& dock, const PanePlace& save
                                      : Qt::Vertical);
     }
     dock.setVisible(saved.visible);
+    // A floating frame shown for the first time takes its own size: it gets its place again.
+    if (saved.floating) dock.setGeometry(saved.geometry);
     // A pane that floated last time waits rolled up until the cursor rests on its caption.
     if (saved.floating && saved.visible)
         if (FloatingPaneWatch* watch = watchOf(saved.id)) watch->rollUp();

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QEvent>
+#include <QStyle>
+#include <algorithm>
 
 namespace ardo {
 
@@ -75,16 +77,25 @@ void FloatingPaneWatch::giveKeyboardBackIfLeft() {
 void FloatingPaneWatch::rollUp() {
     if (rolledUp_ || !pane_ || !pane_->widget()) return;
     openHeight_ = pane_->height();
+    openMinimum_ = pane_->minimumSize();
+    openMaximum_ = pane_->maximumSize();
     rolledUp_ = true;
+    // Where the window manager draws the caption, the pane keeps a strip to rest on. The size
+    // is fixed, or the frame's layout would shrink it to nothing once the content is hidden.
+    const int width = pane_->width();
+    const int captionHeight = pane_->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, pane_);
     pane_->widget()->hide();
-    pane_->resize(pane_->width(), pane_->minimumSizeHint().height());
+    pane_->setFixedSize(width, std::max(pane_->minimumSizeHint().height(), captionHeight));
 }
 
 void FloatingPaneWatch::open() {
     if (!rolledUp_ || !pane_) return;
     rolledUp_ = false;
+    const int width = pane_->width();
+    pane_->setMinimumSize(openMinimum_);
+    pane_->setMaximumSize(openMaximum_);
     if (QWidget* content = pane_->widget()) content->show();
-    pane_->resize(pane_->width(), openHeight_);
+    pane_->resize(width, openHeight_);
 }
 
 }  // namespace ardo

@@ -4,6 +4,7 @@
 // keyboard goes back to the main window, so typing reaches the drawing's command line.
 #include <QObject>
 #include <QPointer>
+#include <QSize>
 #include <QTimer>
 #include <QDockWidget>
 #include <functional>
@@ -47,6 +48,8 @@ private:
     QTimer leaveTimer_;
     bool rolledUp_ = false;
     int openHeight_ = 0;
+    QSize openMinimum_;
+    QSize openMaximum_;
 };
 
 }  // namespace ardo

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QPlainTextEdit>
 #include <QTest>
 
 #include "base/TextFile.h"
@@ -168,7 +169,7 @@ protected:
     std::unique_ptr<HostWindow> w;
     std::unique_ptr<CKEMB_XTPDockingPaneManager> panes;
     QDockWidget* pane = nullptr;
-    QLineEdit* field = new QLineEdit;
+    QPlainTextEdit* field = new QPlainTextEdit;
 
     void SetUp() override {
         DockingPanes::SetUp();
@@ -203,7 +204,7 @@ TEST_F(FloatingPane, OpensOnlyAfterTheCursorRestedOnTheCaption) {
     EXPECT_FALSE(watch()->isRolledUp());
     EXPECT_TRUE(field->isVisible());
     EXPECT_EQ(pane->height(), 300);
-    test::saveGrab(w->window, "panes-floating-open");
+    test::saveGrab(*pane, "panes-floating-open");
 }
 
 TEST_F(FloatingPane, PassingOverTheCaptionOrItsButtonsDoesNotOpen) {

@@ -55,7 +55,7 @@ public:
                 ask_ = Ask::File;
                 return Step::More;
             case Ask::File: return takeFile(input);
-            case Ask::Objects: return takeObjects(input);
+            case Ask::Objects: return takeSelection(input);
         }
         return Step::Refused;
     }
@@ -79,14 +79,8 @@ private:
         return Step::More;
     }
 
-    Step takeObjects(const ResBuf& input) {
-        const ObjectSelection::Voice voice{[this](const std::string& text) { context_.echo(text); },
-                                           [this](const std::string& text) { context_.message(text); }};
-        switch (selection_.take(input, voice)) {
-            case ObjectSelection::Outcome::More: return Step::More;
-            case ObjectSelection::Outcome::Refused: return Step::Refused;
-            case ObjectSelection::Outcome::Done: break;
-        }
+    Step takeSelection(const ResBuf& input) {
+        if (const auto going = takeObjects(selection_, input, context_)) return *going;
         return exportAreas(selection_.selected());
     }
 

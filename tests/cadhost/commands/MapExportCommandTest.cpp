@@ -23,6 +23,7 @@ constexpr const char* kNoPyshp = "python3 with pyshp (Debian python3-pyshp) is n
 // attributes; then the shapefile's bounding box.
 constexpr const char* kReadBack = R"PY(
 import sys, shapefile
+sys.stdout.reconfigure(encoding="utf-8")
 r = shapefile.Reader(sys.argv[1])
 print(r.shapeType, len(r), [f[0] for f in r.fields[1:]])
 for sr in r.iterShapeRecords():
