@@ -133,8 +133,10 @@ FloatingPaneWatch* CKEMB_XTPDockingPaneManager::watchOf(const QString& id) const
 void CKEMB_XTPDockingPaneManager::removePane(const QString& id) {
     QDockWidget* dock = pane(id);
     if (!dock) return;
-    for (const PanePlace& place : currentPlaces())
-        if (place.id == id) remember(place);
+    // A closed window has hidden its panes; their places were written when it closed.
+    if (mainWindow_->isVisible())
+        for (const PanePlace& place : currentPlaces())
+            if (place.id == id) remember(place);
     watches_.erase(dock);
     panes_.erase(std::remove(panes_.begin(), panes_.end(), dock), panes_.end());
     delete dock;
@@ -170,6 +172,8 @@ std::vector<PanePlace> CKEMB_XTPDockingPaneManager::currentPlaces() const {
 
 bool CKEMB_XTPDockingPaneManager::saveLayout() {
     if (!mainWindow_ || layoutFile_.empty()) return false;
+    // Once the window has closed its panes look hidden: the layout written then stands.
+    if (!mainWindow_->isVisible()) return true;
     std::vector<PanePlace> places = currentPlaces();
     std::set<QString> shown;
     for (const PanePlace& place : places) shown.insert(place.id);

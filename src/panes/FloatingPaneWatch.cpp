@@ -84,8 +84,9 @@ void FloatingPaneWatch::rollUp() {
     // is fixed, or the frame's layout would shrink it to nothing once the content is hidden.
     const int width = pane_->width();
     const int captionHeight = pane_->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, pane_);
+    const int withoutContent = pane_->height() - pane_->widget()->height();
     pane_->widget()->hide();
-    pane_->setFixedSize(width, std::max(pane_->minimumSizeHint().height(), captionHeight));
+    pane_->setFixedSize(width, std::max(withoutContent, captionHeight));
 }
 
 void FloatingPaneWatch::open() {

@@ -9,8 +9,10 @@
 namespace ardo::e2e {
 namespace {
 
-const std::vector<std::string> kShowKeys{"-e", "(arxload \"module/layerkeys/layerkeys.arx\")", "-e",
-                                         "(princ (kemb_layerkeypane (Kemb_GetLayerFile \"T\")))"};
+std::vector<std::string> showKeys(const Installation& install) {
+    return {"-e", "(arxload \"" + install.file("module/layerkeys/layerkeys.arx").string() + "\")", "-e",
+            "(princ (kemb_layerkeypane (Kemb_GetLayerFile \"T\")))"};
+}
 
 fs::path userFolder(const Installation& install) {
     for (const auto& entry : fs::directory_iterator(install.file("Benutzer")))
@@ -21,7 +23,8 @@ fs::path userFolder(const Installation& install) {
 TEST(Panes, ASecondModuleAddsItsPaneThroughArdosManagerAndTheLayoutKeepsIt) {
     const Installation install;
     std::vector<std::string> args{"--gui"};
-    args.insert(args.end(), kShowKeys.begin(), kShowKeys.end());
+    const std::vector<std::string> keys = showKeys(install);
+    args.insert(args.end(), keys.begin(), keys.end());
     args.insert(args.end(), {"-e", "QUIT"});
     const RunResult r = install.run(args, "", {{"QT_QPA_PLATFORM", "offscreen"}});
     ASSERT_EQ(r.exitCode, 0) << r.output;
@@ -35,7 +38,7 @@ TEST(Panes, ASecondModuleAddsItsPaneThroughArdosManagerAndTheLayoutKeepsIt) {
 
 TEST(Panes, TheConsoleHasNoMainWindowAndSaysSo) {
     const Installation install;
-    const RunResult r = install.run(kShowKeys, "", {{"DISPLAY", ""}, {"WAYLAND_DISPLAY", ""}, {"QT_QPA_PLATFORM", ""}});
+    const RunResult r = install.run(showKeys(install), "", {{"DISPLAY", ""}, {"WAYLAND_DISPLAY", ""}, {"QT_QPA_PLATFORM", ""}});
     EXPECT_EQ(r.exitCode, 0) << r.output;
     EXPECT_NE(r.output.find("Docking panes need the main window: start ardo-cad with --gui. The pane \"Layerschlüssel\" "
                             "is not shown."),
