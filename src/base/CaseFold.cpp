@@ -77,6 +77,8 @@ std::string upperCase(std::string_view utf8) {
 }
 
 bool equalsNoCase(std::string_view a, std::string_view b) {
+    // Most names are compared with their own spelling; that needs no folding.
+    if (a == b) return true;
     size_t i = 0, j = 0;
     while (i < a.size() && j < b.size()) {
         auto ca = static_cast<unsigned char>(a[i]);

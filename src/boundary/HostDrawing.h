@@ -1,6 +1,7 @@
 #pragma once
 // The host's working database as the layer core sees it: layer and linetype tables,
 // the named-object dictionary and the plot style mode.
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -67,6 +68,10 @@ public:
     virtual DbStatus addDictionary(const std::string& name) = 0;
     virtual DbStatus addPlaceHolder(const std::string& dictionary, const std::string& entry) = 0;
     virtual bool hasDictionaryEntry(const std::string& dictionary, const std::string& entry) const = 0;
+
+    // The layer of an entity (an RTENAME id, as entSel gives it); none when the drawing has
+    // no such entity or the host cannot tell.
+    virtual std::optional<std::string> layerOfEntity(std::int64_t /*entity*/) const { return std::nullopt; }
 };
 
 }  // namespace ardo

@@ -4,17 +4,12 @@
 #include <QDialogButtonBox>
 #include <QPushButton>
 
-#include "base/Printf.h"
-#include "messages/MessageFile.h"
-#include "module/HostBinding.h"
+#include "help/Help.h"
 #include "ui/UiTexts.h"
 
 namespace ardo {
 
-void showHelpTopic(const std::string& topic) {
-    const std::string text = format(MessageFile::instance().text("LCINIT", "HelpKeyXNotFound"), topic);
-    host().messageBox(text, catalogText(MsgKey::TiMsgBoxInfo), MbButtons::Ok, MbIcon::Information);
-}
+void showHelpTopic(const std::string& topic) { showHelp(kHelpSection, topic); }
 
 QDialogButtonBox* okCancelHelpButtons(QDialog* dialog, const std::string& helpTopic) {
     auto* box = new QDialogButtonBox;

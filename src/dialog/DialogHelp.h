@@ -7,8 +7,7 @@ class QDialogButtonBox;
 
 namespace ardo {
 
-// Help topics are not shipped yet, so every topic is told as not found, in the message
-// file's words.
+// Shows the topic of the module's dialogs by its key in the topic map.
 void showHelpTopic(const std::string& topic);
 
 // The OK, Cancel and Help buttons a dialog ends with: OK accepts, Cancel rejects, Help

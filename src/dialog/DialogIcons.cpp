@@ -65,6 +65,44 @@ void arrows(QPainter& p, int count, bool right) {
     }
 }
 
+void bulb(QPainter& p, bool on) {
+    p.setPen(kInk);
+    p.setBrush(on ? QColor(255, 214, 40) : QColor(120, 120, 150));
+    p.drawEllipse(3, 1, 9, 9);
+    p.setBrush(QColor(170, 170, 170));
+    p.drawRect(5, 10, 5, 4);
+}
+
+void sunOrFlake(QPainter& p, bool frozen, int size) {
+    const QPoint c(size == 16 ? 7 : 6, size == 16 ? 7 : 6);
+    const int r = size == 16 ? 6 : 4;
+    if (frozen) {
+        p.setPen(QPen(QColor(60, 140, 220), 2));
+        p.drawLine(c.x() - r, c.y(), c.x() + r, c.y());
+        p.drawLine(c.x(), c.y() - r, c.x(), c.y() + r);
+        p.drawLine(c.x() - r + 2, c.y() - r + 2, c.x() + r - 2, c.y() + r - 2);
+        p.drawLine(c.x() - r + 2, c.y() + r - 2, c.x() + r - 2, c.y() - r + 2);
+    } else {
+        p.setPen(QColor(200, 120, 0));
+        p.setBrush(QColor(255, 190, 30));
+        p.drawEllipse(c, r - 2, r - 2);
+        p.drawLine(c.x() - r, c.y(), c.x() - r + 1, c.y());
+        p.drawLine(c.x() + r - 1, c.y(), c.x() + r, c.y());
+        p.drawLine(c.x(), c.y() - r, c.x(), c.y() - r + 1);
+        p.drawLine(c.x(), c.y() + r - 1, c.x(), c.y() + r);
+    }
+}
+
+void padlock(QPainter& p, bool locked) {
+    p.setPen(QPen(kInk, 2));
+    p.setBrush(Qt::NoBrush);
+    if (locked) p.drawArc(4, 1, 8, 10, 0, 180 * 16);
+    else p.drawArc(8, 0, 8, 10, 0, 180 * 16);
+    p.setPen(kInk);
+    p.setBrush(locked ? QColor(210, 160, 40) : QColor(230, 210, 150));
+    p.drawRect(2, 7, 11, 8);
+}
+
 void draw(QPainter& p, DialogIcon icon) {
     switch (icon) {
         case DialogIcon::FileNew:
@@ -104,6 +142,39 @@ void draw(QPainter& p, DialogIcon icon) {
         case DialogIcon::ViewCentral:
             sheet(p, QRect(2, 1, 12, 14));
             lines(p, 4, 11, 4, 5, kFileGreen);
+            break;
+        case DialogIcon::LayerNew:
+            layers(p, kFileGreen);
+            p.setPen(QPen(kFolder.darker(130), 2));
+            p.drawLine(12, 0, 12, 6);
+            p.drawLine(9, 3, 15, 3);
+            break;
+        case DialogIcon::LayerBased:
+            layers(p, kDrawingBlue);
+            arrows(p, 1, true);
+            break;
+        case DialogIcon::LayerFromFile:
+            sheet(p, QRect(1, 1, 9, 13));
+            lines(p, 3, 7, 4, 4, kFileGreen);
+            p.translate(5, 2);
+            arrows(p, 1, true);
+            p.translate(-5, -2);
+            break;
+        case DialogIcon::Pick:
+            p.setPen(kInk);
+            p.setBrush(kPaper);
+            p.drawPolygon(QPolygon({QPoint(2, 1), QPoint(2, 13), QPoint(5, 10), QPoint(8, 15), QPoint(10, 14),
+                                    QPoint(7, 9), QPoint(11, 9)}));
+            p.setPen(QPen(kDrawingBlue, 1));
+            p.setBrush(Qt::NoBrush);
+            p.drawRect(10, 1, 5, 5);
+            break;
+        case DialogIcon::Properties:
+            sheet(p, QRect(2, 1, 12, 14));
+            p.fillRect(4, 4, 3, 3, kRed);
+            lines(p, 8, 11, 5, 1, kInk);
+            p.fillRect(4, 8, 3, 3, kDrawingBlue);
+            lines(p, 8, 11, 9, 1, kInk);
             break;
         case DialogIcon::Color:
             p.setPen(kInk);
@@ -158,6 +229,22 @@ void draw(QPainter& p, DialogIcon icon) {
             p.setPen(QPen(kRed, 2));
             p.drawLine(12, 7, 12, 13);
             break;
+        case DialogIcon::LayerOn: bulb(p, true); break;
+        case DialogIcon::LayerOff: bulb(p, false); break;
+        case DialogIcon::Thawed: sunOrFlake(p, false, 16); break;
+        case DialogIcon::Frozen: sunOrFlake(p, true, 16); break;
+        case DialogIcon::Unlocked: padlock(p, false); break;
+        case DialogIcon::Locked: padlock(p, true); break;
+        case DialogIcon::ThawedInNewViewports:
+        case DialogIcon::FrozenInNewViewports:
+            // A viewport frame with the sun or flake of new viewports inside.
+            p.setPen(kInk);
+            p.setBrush(kPaper);
+            p.drawRect(1, 3, 14, 12);
+            p.translate(3, 4);
+            sunOrFlake(p, icon == DialogIcon::FrozenInNewViewports, 12);
+            p.translate(-3, -4);
+            break;
         case DialogIcon::Filter:
             p.setPen(kInk);
             p.setBrush(kDrawingBlue.lighter(140));
@@ -178,6 +265,41 @@ QIcon dialogIcon(DialogIcon icon) {
     return QIcon(pixmap);
 }
 
+IconList iconMenuImages(bool disabled) {
+    // Each command's own icon at the number its id has in the icon menu; the take-over
+    // commands show what they copy.
+    const std::vector<std::pair<int, DialogIcon>> byId{
+        {commandIdOf(LayerCommand::FileNew), DialogIcon::FileNew},
+        {commandIdOf(LayerCommand::FileOpen), DialogIcon::FileOpen},
+        {commandIdOf(LayerCommand::FileSave), DialogIcon::FileSave},
+        {commandIdOf(LayerCommand::FileSaveAs), DialogIcon::FileSaveAs},
+        {commandIdOf(LayerCommand::ViewObjects), DialogIcon::ViewObjects},
+        {commandIdOf(LayerCommand::ViewDrawing), DialogIcon::ViewDrawing},
+        {commandIdOf(LayerCommand::ViewCentral), DialogIcon::ViewCentral},
+        {commandIdOf(LayerCommand::ViewObjectType), DialogIcon::ViewObjectType},
+        {commandIdOf(LayerCommand::LayerNew), DialogIcon::LayerNew},
+        {commandIdOf(LayerCommand::LayerBased), DialogIcon::LayerBased},
+        {commandIdOf(LayerCommand::LayerFromCentral), DialogIcon::LayerFromFile},
+        {commandIdOf(LayerCommand::LayerChange), DialogIcon::Properties},
+        {commandIdOf(LayerCommand::LayerDelete), DialogIcon::Delete},
+        {commandIdOf(LayerCommand::LayerColor), DialogIcon::Color},
+        {commandIdOf(LayerCommand::LayerLinetype), DialogIcon::Linetype},
+        {commandIdOf(LayerCommand::LayerPick), DialogIcon::Pick},
+        {commandIdOf(LayerCommand::LayerRegen), DialogIcon::Regen},
+        {commandIdOf(LayerCommand::OptsConfig), DialogIcon::Options},
+        {commandIdOf(LayerCommand::OptsDwg), DialogIcon::PrioDrawing},
+        {commandIdOf(LayerCommand::OptsIni), DialogIcon::PrioFile},
+        {takeoverid::kIdentification, DialogIcon::LayerFromFile},
+        {takeoverid::kProperties, DialogIcon::Properties},
+        {takeoverid::kAll, DialogIcon::LayerBased},
+    };
+    IconList images(byId.size());
+    for (const auto& [id, icon] : byId)
+        if (const std::optional<int> at = iconMenuIconOf(id); at && *at < static_cast<int>(images.size()))
+            images[static_cast<size_t>(*at)] = dialogIcon(icon).pixmap(16, 16, disabled ? QIcon::Disabled : QIcon::Normal);
+    return images;
+}
+
 DialogIcon iconOfCommand(LayerCommand command) {
     switch (command) {
         case LayerCommand::FileNew: return DialogIcon::FileNew;
@@ -188,6 +310,11 @@ DialogIcon iconOfCommand(LayerCommand command) {
         case LayerCommand::ViewObjectType: return DialogIcon::ViewObjectType;
         case LayerCommand::ViewDrawing: return DialogIcon::ViewDrawing;
         case LayerCommand::ViewCentral: return DialogIcon::ViewCentral;
+        case LayerCommand::LayerNew: return DialogIcon::LayerNew;
+        case LayerCommand::LayerBased: return DialogIcon::LayerBased;
+        case LayerCommand::LayerFromCentral: return DialogIcon::LayerFromFile;
+        case LayerCommand::LayerPick: return DialogIcon::Pick;
+        case LayerCommand::LayerChange: return DialogIcon::Properties;
         case LayerCommand::LayerColor: return DialogIcon::Color;
         case LayerCommand::LayerLinetype: return DialogIcon::Linetype;
         case LayerCommand::LayerRegen: return DialogIcon::Regen;
@@ -196,7 +323,8 @@ DialogIcon iconOfCommand(LayerCommand command) {
         case LayerCommand::OptsDwg: return DialogIcon::PrioDrawing;
         case LayerCommand::OptsIni: return DialogIcon::PrioFile;
         case LayerCommand::FileQuit:
-        case LayerCommand::HelpHelp: break;
+        case LayerCommand::HelpHelp:
+        case LayerCommand::HelpInfo: break;
     }
     return DialogIcon::Filter;
 }

@@ -14,6 +14,10 @@ LayerCommandState commandStateOf(int mode, int view, bool changed, const std::ve
     state.selected = static_cast<int>(selection.size());
     for (const LayerEntry* e : selection)
         if (e->has(entryflag::kFromFile)) state.selectionFromFile = true;
+    if (selection.size() == 1) {
+        state.singleInDrawing = selection.front()->has(entryflag::kInDrawing);
+        state.singleFromFile = selection.front()->has(entryflag::kFromFile);
+    }
     state.hasDrawing = hasDrawing;
     return state;
 }
@@ -30,6 +34,12 @@ bool commandEnabled(LayerCommand command, const LayerCommandState& s) {
         case LayerCommand::ViewObjectType:
         case LayerCommand::ViewDrawing:
         case LayerCommand::ViewCentral: return viewOffered(s.mode, viewOfCommand(command));
+        case LayerCommand::LayerNew: return true;
+        case LayerCommand::LayerBased: return s.singleInDrawing;
+        case LayerCommand::LayerFromCentral: return s.singleFromFile;
+        case LayerCommand::LayerPick: return s.hasDrawing;
+        // Properties shares the test of Delete: a drawing layer's properties are shown.
+        case LayerCommand::LayerChange: return s.selected > 0;
         // Colours are set on the central file's entries; drawing layers get them by Regenerate.
         case LayerCommand::LayerColor:
         case LayerCommand::LayerLinetype: return s.selectionFromFile;
@@ -40,7 +50,8 @@ bool commandEnabled(LayerCommand command, const LayerCommandState& s) {
         case LayerCommand::OptsConfig:
         case LayerCommand::OptsDwg:
         case LayerCommand::OptsIni:
-        case LayerCommand::HelpHelp: return true;
+        case LayerCommand::HelpHelp:
+        case LayerCommand::HelpInfo: return true;
     }
     return false;
 }
@@ -55,6 +66,36 @@ int viewOfCommand(LayerCommand command) {
     }
 }
 
+int commandIdOf(LayerCommand command) {
+    switch (command) {
+        case LayerCommand::FileNew: return 40001;
+        case LayerCommand::FileOpen: return 40002;
+        case LayerCommand::FileSave: return 40004;
+        case LayerCommand::FileSaveAs: return 40005;
+        case LayerCommand::ViewObjects: return 40006;
+        case LayerCommand::ViewDrawing: return 40007;
+        case LayerCommand::ViewCentral: return 40008;
+        case LayerCommand::ViewObjectType: return 40009;
+        case LayerCommand::LayerNew: return 40010;
+        case LayerCommand::LayerBased: return 40015;
+        case LayerCommand::LayerFromCentral: return 40016;
+        case LayerCommand::LayerChange: return 40060;
+        case LayerCommand::LayerDelete: return 40061;
+        case LayerCommand::LayerColor: return 40071;
+        case LayerCommand::LayerLinetype: return 40072;
+        case LayerCommand::LayerPick: return 113;
+        case LayerCommand::LayerRegen: return 114;
+        case LayerCommand::OptsConfig: return 123;
+        case LayerCommand::OptsDwg: return 129;
+        case LayerCommand::OptsIni: return 130;
+        // Without an icon in the menus.
+        case LayerCommand::FileQuit: return 40003;
+        case LayerCommand::HelpHelp: return 57670;
+        case LayerCommand::HelpInfo: return 57664;
+    }
+    return 0;
+}
+
 MsgKey menuTextKey(LayerCommand command) {
     switch (command) {
         case LayerCommand::FileNew: return MsgKey::MiFileNew;
@@ -66,6 +107,11 @@ MsgKey menuTextKey(LayerCommand command) {
         case LayerCommand::ViewObjectType: return MsgKey::MiViewTyp;
         case LayerCommand::ViewDrawing: return MsgKey::MiViewDwg;
         case LayerCommand::ViewCentral: return MsgKey::MiViewIni;
+        case LayerCommand::LayerNew: return MsgKey::MiLayrNew;
+        case LayerCommand::LayerBased: return MsgKey::MiLayrBas;
+        case LayerCommand::LayerFromCentral: return MsgKey::MiLayrFrLc;
+        case LayerCommand::LayerPick: return MsgKey::MiLayrPck;
+        case LayerCommand::LayerChange: return MsgKey::MiLayrChg;
         case LayerCommand::LayerColor: return MsgKey::MiLayrClr;
         case LayerCommand::LayerLinetype: return MsgKey::MiLayrLin;
         case LayerCommand::LayerRegen: return MsgKey::MiLayrReg;
@@ -74,6 +120,7 @@ MsgKey menuTextKey(LayerCommand command) {
         case LayerCommand::OptsDwg: return MsgKey::MiOptsDwg;
         case LayerCommand::OptsIni: return MsgKey::MiOptsIni;
         case LayerCommand::HelpHelp: return MsgKey::MnHelpHelp;
+        case LayerCommand::HelpInfo: return MsgKey::MnHelpInfo;
     }
     return MsgKey::MnHelpHelp;
 }
@@ -88,6 +135,11 @@ bool tooltipKey(LayerCommand command, MsgKey& key) {
         case LayerCommand::ViewObjectType: key = MsgKey::TtViewObjTyp; return true;
         case LayerCommand::ViewDrawing: key = MsgKey::TtViewDwg; return true;
         case LayerCommand::ViewCentral: key = MsgKey::TtViewArdo; return true;
+        case LayerCommand::LayerNew: key = MsgKey::TtLayrNew; return true;
+        case LayerCommand::LayerBased: key = MsgKey::TtLayrBased; return true;
+        case LayerCommand::LayerFromCentral: key = MsgKey::TtLayrFromLc; return true;
+        case LayerCommand::LayerPick: key = MsgKey::TtLayrPick; return true;
+        case LayerCommand::LayerChange: key = MsgKey::TtLayrChange; return true;
         case LayerCommand::LayerColor: key = MsgKey::TtLayrColor; return true;
         case LayerCommand::LayerLinetype: key = MsgKey::TtLayrLinTyp; return true;
         case LayerCommand::LayerRegen: key = MsgKey::TtLayrRegen; return true;
@@ -96,7 +148,8 @@ bool tooltipKey(LayerCommand command, MsgKey& key) {
         case LayerCommand::OptsDwg: key = MsgKey::TtOptsPriDwg; return true;
         case LayerCommand::OptsIni: key = MsgKey::TtOptsPriIni; return true;
         case LayerCommand::FileQuit:
-        case LayerCommand::HelpHelp: return false;
+        case LayerCommand::HelpHelp:
+        case LayerCommand::HelpInfo: return false;
     }
     return false;
 }

@@ -11,9 +11,10 @@ namespace ardo {
 enum class LayerCommand {
     FileNew, FileOpen, FileSave, FileSaveAs, FileQuit,
     ViewObjects, ViewObjectType, ViewDrawing, ViewCentral,
+    LayerNew, LayerBased, LayerFromCentral, LayerPick, LayerChange,
     LayerColor, LayerLinetype, LayerRegen, LayerDelete,
     OptsConfig, OptsDwg, OptsIni,
-    HelpHelp,
+    HelpHelp, HelpInfo,
 };
 
 // What the enabling of a command depends on.
@@ -23,6 +24,8 @@ struct LayerCommandState {
     bool changed = false;              // the central file has unsaved changes
     int selected = 0;                  // selected rows
     bool selectionFromFile = false;    // at least one selected entry of the central file
+    bool singleInDrawing = false;      // one row selected, a layer of the drawing
+    bool singleFromFile = false;       // one row selected, an entry of the central file
     bool hasDrawing = true;
 };
 
@@ -32,6 +35,15 @@ LayerCommandState commandStateOf(int mode, int view, bool changed, const std::ve
 bool commandEnabled(LayerCommand command, const LayerCommandState& state);
 // The view a view command switches to; 0 for other commands.
 int viewOfCommand(LayerCommand command);
+
+// The command's id, by which the icon menu finds its icon.
+int commandIdOf(LayerCommand command);
+// The ids of the properties dialog's take-over menu.
+namespace takeoverid {
+constexpr int kIdentification = 40089;
+constexpr int kProperties = 40090;
+constexpr int kAll = 40091;
+}  // namespace takeoverid
 
 // Menu text and tooltip of a command; false when it has no tooltip.
 MsgKey menuTextKey(LayerCommand command);

@@ -1,5 +1,7 @@
 #include "dialog/LayerDialogRun.h"
 
+#include <memory>
+
 #include "base/Printf.h"
 #include "dialog/cListControl.h"
 #include "layers/DrawingLayers.h"
@@ -40,6 +42,12 @@ LayerDialogOutcome runLayerDialog(const LayerDialogCall& call, bool createChosen
     LayerDialogOutcome outcome;
     LayerDialogSettings& settings = moduleSettings().layerDialog;
     LayerDialogSession session(call.mode, settings);
+    std::unique_ptr<SetupFileActiveKeys> activeKeys;
+    if (call.mode == layermode::kObject) {
+        if (!moduleSettings().setup.filePath().empty())
+            activeKeys = std::make_unique<SetupFileActiveKeys>(moduleSettings().setup.filePath());
+        session.setObject(call.objectName, call.objectType, call.objectDirectory, activeKeys.get());
+    }
     session.load();
     {
         cDlgLayer dialog(session, call, host().mainWindow());
@@ -84,6 +92,7 @@ int layerDialogHandler() {
     call.mode = layermode::kObject;
     call.objectName = frame.text(1);
     call.objectType = frame.text(2);
+    call.objectDirectory = frame.text(3);
     // A key preselects its row; without one the object's name is looked for.
     call.defaultKey = frame.has(4) && !frame.text(4).empty() ? frame.text(4) : frame.text(1);
     const bool create = frame.has(6) && frame.integer(6) != 0;

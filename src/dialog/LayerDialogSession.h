@@ -3,11 +3,14 @@
 // the central file and the drawing, the unsaved-changes flag and the work of the commands
 // that change entries or the drawing. The widgets of cDlgLayer only show it.
 #include <functional>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "boundary/HostColor.h"
 #include "layers/CentralLayerFile.h"
+#include "layers/ObjectLayerFile.h"
 #include "settings/LayerDialogSettings.h"
 
 namespace ardo {
@@ -37,6 +40,12 @@ class LayerDialogSession {
 public:
     LayerDialogSession(int mode, LayerDialogSettings& settings);
 
+    // The object of the object dialog and its object-type layer file in the directory: read
+    // when the directory exists and the object type is a usable file name (a missing file
+    // starts an empty list); neither read nor written otherwise. `activeKeys` keeps the
+    // objects' active keys and may be none.
+    void setObject(const std::string& objectName, const std::string& objectType, const std::string& directory,
+                   ActiveKeySettings* activeKeys);
     // Loads the central file named in the settings and merges the drawing's layers; a
     // missing file or section is told on the command line and leaves the list with the
     // drawing's layers only.
@@ -48,6 +57,17 @@ public:
     // Writes the central file to the path and reloads it there; the module's image of the
     // central file follows. False when writing failed (the user was told).
     bool save(const std::string& path);
+
+    // Adds an accepted new entry: a layer of that name only in the drawing takes its key
+    // and file half, else a new entry is added to the list, which is sorted again.
+    LayerEntry& addEntry(const LayerEntry& edited);
+    // Takes key, name and file half of the edited copy over into the entry.
+    void changeEntry(LayerEntry& entry, const LayerEntry& edited);
+
+    // Queues the rename of a drawing layer whose entry was renamed; it is carried out when
+    // the central file is saved, and dropped with the other changes.
+    void queueRename(const std::string& from, const std::string& to);
+    const std::vector<std::pair<std::string, std::string>>& pendingRenames() const { return renames_; }
 
     // Sets the file colour of the selected central-file entries. False when none had one.
     bool setColour(const std::vector<LayerEntry*>& selection, const HostColor& colour);
@@ -62,9 +82,16 @@ public:
     // Brings the colours and linetypes of the drawing's layers in line with the central
     // file, tells the user what changed and updates the display.
     RegenerateCount regenerate();
-    // The closing question; false when the user cancelled and the dialog stays open. Yes
-    // saves, asking for a path through askPath when the file has none.
-    bool confirmClose(const std::function<std::string()>& askPath);
+    // The closing questions, for the central file and then for the object-type layer
+    // file; false when the user cancelled and the dialog stays open. Yes saves, asking for a
+    // path through askPath when the central file has none. The chosen entry, if it is one
+    // of the object's, becomes the object's active key.
+    bool confirmClose(const std::function<std::string()>& askPath, const LayerEntry* chosen);
+    // Writes the object-type layer file with the object's lines from the list.
+    bool saveObjectFile(const LayerEntry* chosen);
+
+    // Called after a save has read the entries anew, so that views drop the old ones.
+    void setReloaded(std::function<void()> reloaded) { reloaded_ = std::move(reloaded); }
 
     int mode() const { return mode_; }
     int view() const { return view_; }
@@ -74,9 +101,16 @@ public:
     bool changed() const { return changed_; }
     void setChanged() { changed_ = true; }
     LayerDialogSettings& settings() { return settings_; }
+    const std::string& objectFilePath() const { return objectFilePath_; }
+    bool objectsChanged() const { return objectsChanged_; }
 
 private:
     void mergeDrawing();
+    // Reads the entries from the file image, marks the object's keys and merges the drawing.
+    void readEntries();
+    bool confirmObjectsClose(const LayerEntry* chosen);
+    // Renames the queued drawing layers; a layer that cannot be renamed is told.
+    void applyRenames();
     // Changes the central-file entries of the selection and marks them changed.
     bool changeFileEntries(const std::vector<LayerEntry*>& selection, const std::function<void(LayerEntry&)>& change);
     bool setDrawingLayer(LayerEntry& entry, bool colour, bool linetype);
@@ -87,6 +121,12 @@ private:
     CentralLayerFile list_;
     std::string path_;
     bool changed_ = false;
+    std::string objectName_;
+    std::string objectFilePath_;
+    std::unique_ptr<ObjectLayerFile> objectFile_;
+    bool objectsChanged_ = false;
+    std::function<void()> reloaded_;
+    std::vector<std::pair<std::string, std::string>> renames_;
 };
 
 }  // namespace ardo

@@ -1,7 +1,10 @@
 #include "dialog/LinetypeList.h"
 
+#include <filesystem>
+
 #include "base/CaseFold.h"
 #include "base/TextFile.h"
+#include "module/HostBinding.h"
 
 namespace ardo {
 
@@ -36,6 +39,13 @@ std::vector<LinetypeRow> linetypesOfFile(const std::string& path) {
         if (parseLinetypeLine(piece, row)) rows.push_back(std::move(row));
     }
     return rows;
+}
+
+std::string linetypeFileReference(const std::string& path) {
+    const std::string name = std::filesystem::path(path).filename().string();
+    std::string found;
+    if (host().findFile(name, found) && std::filesystem::path(found) == std::filesystem::path(path)) return name;
+    return path;
 }
 
 }  // namespace ardo

@@ -17,4 +17,8 @@ std::vector<LinetypeRow> linetypesOfFile(const std::string& path);
 // One definition line (its first character is "*"); false for any other line.
 bool parseLinetypeLine(const std::string& line, LinetypeRow& row);
 
+// How an entry names a chosen linetype file: by its name alone when the host finds that
+// very file along its support folders, as the suite's installations do, else by its path.
+std::string linetypeFileReference(const std::string& path);
+
 }  // namespace ardo

@@ -13,8 +13,10 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 #include <QTableView>
 #include <QToolBar>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <utility>
@@ -22,11 +24,14 @@
 #include "ui/UiTexts.h"
 #include "base/CaseFold.h"
 #include "base/Printf.h"
+#include "about/ProductDialogs.h"
 #include "dialog/DialogHelp.h"
 #include "dialog/DialogIcons.h"
 #include "dialog/cCellEdit.h"
 #include "dialog/cDlgOpenLineType.h"
+#include "dialog/EntryProposal.h"
 #include "dialog/cDlgOptions.h"
+#include "dialog/cDlgProps.h"
 #include "dialog/cListControl.h"
 #include "dialog/cListDelegate.h"
 #include "layers/ColourCode.h"
@@ -79,6 +84,9 @@ constexpr int kContextMenuDrop = 15;
 
 const std::vector<LayerCommand> kFileMenu{LayerCommand::FileNew, LayerCommand::FileOpen, LayerCommand::FileSave,
                                           LayerCommand::FileSaveAs, LayerCommand::FileQuit};
+// The result with which the modal loop is left to pick in the drawing.
+constexpr int kPickResult = 0x7001;
+
 const std::vector<LayerCommand> kViewMenu{LayerCommand::ViewObjects, LayerCommand::ViewObjectType,
                                           LayerCommand::ViewDrawing, LayerCommand::ViewCentral};
 
@@ -164,11 +172,14 @@ cDlgLayer::cDlgLayer(LayerDialogSession& session, const LayerDialogCall& call, Q
     updateCommands();
     restoreGeometry();
 
+    // A save reads the entries anew; the rows then point at them and the choice stays.
+    session_.setReloaded([this] { refillAfterReload(choiceBeforeSave_); });
+
     timer_ = startTimer(kTimerInterval);
     if (timer_ == 0) host().print(format("\n%s\n", catalogText(MsgKey::EtNoTimerAvailable)));
 }
 
-cDlgLayer::~cDlgLayer() = default;
+cDlgLayer::~cDlgLayer() { session_.setReloaded(nullptr); }
 
 void cDlgLayer::buildMenus() {
     auto* bar = new QMenuBar(this);
@@ -192,6 +203,10 @@ void cDlgLayer::buildMenus() {
     QMenu* view = bar->addMenu(qCatalog(MsgKey::MnView));
     for (LayerCommand c : kViewMenu) add(view, c)->setCheckable(true);
     layerMenu_ = bar->addMenu(qCatalog(MsgKey::MnLayr));
+    for (LayerCommand c : {LayerCommand::LayerNew, LayerCommand::LayerBased, LayerCommand::LayerFromCentral,
+                           LayerCommand::LayerPick, LayerCommand::LayerChange})
+        add(layerMenu_, c);
+    layerMenu_->addSeparator();
     add(layerMenu_, LayerCommand::LayerColor);
     add(layerMenu_, LayerCommand::LayerLinetype);
     add(layerMenu_, LayerCommand::LayerRegen);
@@ -202,12 +217,14 @@ void cDlgLayer::buildMenus() {
     add(options, LayerCommand::OptsIni)->setCheckable(true);
     QMenu* help = bar->addMenu(qCatalog(MsgKey::MnHelp));
     add(help, LayerCommand::HelpHelp);
+    add(help, LayerCommand::HelpInfo);
 
     actions_[LayerCommand::FileSave]->setShortcut(QKeySequence::Save);
     for (LayerCommand c : {LayerCommand::FileNew, LayerCommand::FileOpen, LayerCommand::FileSave,
                            LayerCommand::FileSaveAs, LayerCommand::ViewObjects, LayerCommand::ViewObjectType,
-                           LayerCommand::ViewDrawing, LayerCommand::ViewCentral, LayerCommand::LayerColor,
-                           LayerCommand::LayerLinetype, LayerCommand::LayerRegen, LayerCommand::LayerDelete,
+                           LayerCommand::ViewDrawing, LayerCommand::ViewCentral, LayerCommand::LayerNew,
+                           LayerCommand::LayerBased, LayerCommand::LayerFromCentral, LayerCommand::LayerPick,
+                           LayerCommand::LayerChange, LayerCommand::LayerColor, LayerCommand::LayerLinetype, LayerCommand::LayerRegen, LayerCommand::LayerDelete,
                            LayerCommand::OptsConfig,
                            LayerCommand::OptsDwg, LayerCommand::OptsIni})
         actions_[c]->setIcon(dialogIcon(iconOfCommand(c)));
@@ -223,6 +240,10 @@ void cDlgLayer::buildToolBar(QVBoxLayout* layout) {
     bar->addSeparator();
     for (LayerCommand c : kViewMenu) bar->addAction(actions_[c]);
     bar->addSeparator();
+    for (LayerCommand c : {LayerCommand::LayerNew, LayerCommand::LayerBased, LayerCommand::LayerFromCentral,
+                           LayerCommand::LayerPick, LayerCommand::LayerChange})
+        bar->addAction(actions_[c]);
+    bar->addSeparator();
     for (LayerCommand c : {LayerCommand::LayerColor, LayerCommand::LayerLinetype, LayerCommand::LayerRegen,
                            LayerCommand::LayerDelete})
         bar->addAction(actions_[c]);
@@ -235,15 +256,33 @@ void cDlgLayer::buildToolBar(QVBoxLayout* layout) {
 
 void cDlgLayer::restoreGeometry() {
     const LayerDialogSettings& s = session_.settings();
+    const LayerDialogSettings defaults;
     const QScreen* screen = parentWidget() ? parentWidget()->screen() : QGuiApplication::primaryScreen();
     const int w = screen ? screen->virtualGeometry().width() : 0;
-    QRect rect(150, 100, 500, 300);
+    // The first open shows every column and button whole; a size the user gave is kept.
+    QRect rect(QPoint(defaults.posX, defaults.posY), fittingSize());
+    if (screen) rect.setSize(rect.size().boundedTo(screen->availableGeometry().size() - QSize(defaults.posX, defaults.posY)));
+    const bool stored = s.sizeX != defaults.sizeX || s.sizeY != defaults.sizeY;
     // Every test measures against the virtual screen's width, the vertical ones too.
     if (s.posX > 0 && s.posX < w - 10) rect.moveLeft(s.posX);
     if (s.posY > 0 && s.posY < w - 10) rect.moveTop(s.posY);
-    if (s.sizeX > 100 && s.sizeX < w) rect.setWidth(s.sizeX);
-    if (s.sizeY > 100 && s.sizeY < w) rect.setHeight(s.sizeY);
+    if (stored && s.sizeX > 100 && s.sizeX < w) rect.setWidth(s.sizeX);
+    if (stored && s.sizeY > 100 && s.sizeY < w) rect.setHeight(s.sizeY);
     setGeometry(rect);
+}
+
+QSize cDlgLayer::fittingSize() const {
+    constexpr int kRowsShown = 16;
+    int columns = 0;
+    for (int position = 0; position < model_->columnCount(); ++position) columns += table_->columnWidth(position);
+    const int frame = 2 * table_->frameWidth();
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const QMargins margins = layout()->contentsMargins();
+    const int tableWidth = columns + frame + scrollBar + margins.left() + margins.right();
+    const int tableHeight = table_->horizontalHeader()->sizeHint().height() +
+                            kRowsShown * table_->verticalHeader()->defaultSectionSize() + frame;
+    const QSize around = layout()->sizeHint();
+    return {std::max(tableWidth, around.width()), around.height() - table_->sizeHint().height() + tableHeight};
 }
 
 void cDlgLayer::storeGeometry() {
@@ -311,6 +350,15 @@ void cDlgLayer::run(LayerCommand command) {
         case LayerCommand::ViewObjectType:
         case LayerCommand::ViewDrawing:
         case LayerCommand::ViewCentral: switchView(viewOfCommand(command)); break;
+        case LayerCommand::LayerNew: newEntry(propsmode::kNew, newEntryProposal(session_.list()), nullptr); break;
+        case LayerCommand::LayerBased:
+        case LayerCommand::LayerFromCentral: newBasedOnChosen(); break;
+        case LayerCommand::LayerPick:
+            // The modal loop is left while the user picks; exec() picks and comes back.
+            picking_ = true;
+            QDialog::done(kPickResult);
+            break;
+        case LayerCommand::LayerChange: changeEntry(); break;
         case LayerCommand::LayerColor: chooseColour(); break;
         case LayerCommand::LayerLinetype: chooseLinetype(); break;
         case LayerCommand::LayerRegen: {
@@ -327,6 +375,11 @@ void cDlgLayer::run(LayerCommand command) {
             model_->setPriority(session_.settings().currentPrio);
             break;
         case LayerCommand::HelpHelp: showHelpTopic(helpTopicOfMode(session_.mode())); break;
+        case LayerCommand::HelpInfo: {
+            const ProductInfo info = gatherProductInfo();
+            cDlgInfo(info, this).exec();
+            break;
+        }
     }
     updateCommands();
 }
@@ -346,6 +399,73 @@ void cDlgLayer::configure() {
 void cDlgLayer::switchView(int view) {
     session_.setView(view);
     refill();
+}
+
+void cDlgLayer::newEntry(int propsMode, const LayerEntry& proposal, const LayerEntry* base) {
+    LayerEntry edited = proposal;
+    // A new entry of the object dialog is a layer of the current object.
+    if (session_.mode() == layermode::kObject) edited.flags |= entryflag::kCurrentObject | entryflag::kInObjectFile;
+    cDlgProps props(propsMode, edited, session_.list(), nullptr, base, this);
+    if (props.exec() != QDialog::Accepted) return;
+    LayerEntry& added = session_.addEntry(props.entry());
+    table_->clearSelection();
+    refill();
+    const int row = model_->rowOf(&added);
+    if (row >= 0) {
+        table_->selectRow(row);
+        table_->scrollTo(model_->index(row, 0));
+    }
+    updateCommands();
+}
+
+void cDlgLayer::newBasedOnChosen() {
+    const LayerEntry* base = chosenEntry();
+    if (!base) return;
+    newEntry(session_.mode() == layermode::kObject ? propsmode::kBasedObject : propsmode::kBased,
+             entryBasedOn(session_.list(), *base), base);
+}
+
+void cDlgLayer::changeEntry() {
+    LayerEntry* entry = chosenEntry();
+    if (!entry) return;
+    const bool inFile = entry->has(entryflag::kFromFile);
+    cDlgProps props(inFile ? propsmode::kChange : propsmode::kShow, *entry, session_.list(), entry, nullptr, this);
+    if (props.exec() != QDialog::Accepted || !inFile) return;
+    session_.changeEntry(*entry, props.entry());
+    refill();
+}
+
+int cDlgLayer::exec() {
+    for (;;) {
+        const int result = QDialog::exec();
+        if (!std::exchange(picking_, false)) return result;
+        pickLayer();
+    }
+}
+
+void cDlgLayer::pickLayer() {
+    HostDrawing* drawing = host().workingDrawing();
+    if (!drawing) return;
+    std::int64_t entity = 0;
+    Point3 point{};
+    if (host().entSel(format("\n%s: ", catalogText(MsgKey::TtLayrPick)), entity, point) != RTNORM) return;
+    const std::optional<std::string> layer = drawing->layerOfEntity(entity);
+    if (!layer) return;
+    // Offered once the dialog is shown again.
+    QTimer::singleShot(0, this, [this, name = *layer] { offerPickedLayer(name); });
+}
+
+void cDlgLayer::offerPickedLayer(const std::string& layer) {
+    const FoundEntry found = session_.list().findByName(layer);
+    if (!found) return;
+    // The picked layer's row is chosen, as if the user had selected it.
+    const int row = model_->rowOf(found.entry);
+    if (row >= 0) {
+        table_->selectRow(row);
+        table_->scrollTo(model_->index(row, 0));
+    }
+    newEntry(session_.mode() == layermode::kObject ? propsmode::kBasedObject : propsmode::kBased,
+             entryBasedOn(session_.list(), *found.entry), found.entry);
 }
 
 void cDlgLayer::chooseColour() {
@@ -411,10 +531,9 @@ std::string cDlgLayer::askSavePath() {
 
 bool cDlgLayer::saveFile(bool askPath) {
     const std::string path = askPath || session_.path().empty() ? askSavePath() : session_.path();
-    const ChosenRow chosen = chosenRow();
+    choiceBeforeSave_ = chosenRow();
     if (path.empty() || !session_.save(path)) return false;
     if (askPath) host().print(format("\n%s '%s'\n", catalogText(MsgKey::TxArdoLayerSavedAs), path));
-    refillAfterReload(chosen);
     return true;
 }
 
@@ -486,10 +605,13 @@ void cDlgLayer::commitCellEdit() {
         changed = acceptEditedKey(session_.list(), *entry, text);
     } else if (!equalsNoCase(trimWhite(text), entry->name)) {
         // The same letters in other case are no new name.
+        const std::string before = entry->name;
         changed = acceptEditedName(session_.list(), *entry, text);
         if (changed) {
             entry->sortName = upperCase(entry->name);
-            host().print(format("OnEditFocusKilled Nam T:%d Op:%d\n", static_cast<int>(entry->flags), 0));
+            // The drawing's layer follows when the central file is saved.
+            if (entry->has(entryflag::kInDrawing)) session_.queueRename(before, entry->name);
+            else host().print(format("OnEditFocusKilled Nam T:%d Op:%d\n", static_cast<int>(entry->flags), 0));
         }
     }
     if (changed) {
@@ -501,13 +623,28 @@ void cDlgLayer::commitCellEdit() {
     table_->setFocus();
 }
 
+std::unique_ptr<cIconMenu> cDlgLayer::contextMenu() {
+    if (menuIcons_.empty()) {
+        menuIcons_ = iconMenuImages(false);
+        menuIconsGreyed_ = iconMenuImages(true);
+    }
+    updateCommands();
+    auto menu = std::make_unique<cIconMenu>(&menuIcons_, &menuIconsGreyed_, this, this);
+    const auto add = [&](LayerCommand c) { menu->appendItem(actions_[c], commandIdOf(c)); };
+    for (LayerCommand c : {LayerCommand::LayerNew, LayerCommand::LayerBased, LayerCommand::LayerFromCentral,
+                           LayerCommand::LayerChange})
+        add(c);
+    menu->addSeparator();
+    add(LayerCommand::LayerColor);
+    add(LayerCommand::LayerLinetype);
+    menu->addSeparator();
+    add(LayerCommand::LayerDelete);
+    return menu;
+}
+
 void cDlgLayer::showContextMenu(const QPoint& at) {
-    QMenu menu(this);
-    menu.addAction(actions_[LayerCommand::LayerColor]);
-    menu.addAction(actions_[LayerCommand::LayerLinetype]);
-    menu.addSeparator();
-    menu.addAction(actions_[LayerCommand::LayerDelete]);
-    menu.exec(table_->viewport()->mapToGlobal(at + QPoint(0, kContextMenuDrop)));
+    const std::unique_ptr<cIconMenu> menu = contextMenu();
+    menu->exec(table_->viewport()->mapToGlobal(at + QPoint(0, kContextMenuDrop)));
 }
 
 void cDlgLayer::keyPressEvent(QKeyEvent* event) {
@@ -521,11 +658,25 @@ bool cDlgLayer::eventFilter(QObject* watched, QEvent* event) {
         auto* key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_F2) {
             const QModelIndex current = table_->currentIndex();
-            editCell(current.isValid() && current.column() == 1 ? 1 : 0);
+            const int column = current.isValid() && current.column() == 1 ? 1 : 0;
+            const LayerEntry* entry = chosenEntry();
+            // A layer only in the drawing has neither a key to give nor a name to change here.
+            if (entry && !entry->has(entryflag::kFromFile)) {
+                const MsgKey first = column == 0 ? MsgKey::TxCantRenameDwgKey1 : MsgKey::TxCantRenameDwgLayer1;
+                const MsgKey second = column == 0 ? MsgKey::TxCantRenameDwgKey2 : MsgKey::TxCantRenameDwgLayer2;
+                host().messageBox(catalogText(first) + "\n" + catalogText(second), catalogText(MsgKey::TiMsgBoxInfo),
+                                  MbButtons::Ok, MbIcon::Information);
+                return true;
+            }
+            editCell(column);
             return true;
         }
         if (key->key() == Qt::Key_Delete) {
             run(LayerCommand::LayerDelete);
+            return true;
+        }
+        if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && !cellEdit_) {
+            run(LayerCommand::LayerChange);
             return true;
         }
     }
@@ -563,13 +714,12 @@ void cDlgLayer::showLayerTip(int row) {
 }
 
 void cDlgLayer::done(int result) {
-    if (closing_) return;
+    if (closing_ || picking_) return;
     if (cellEdit_) commitCellEdit();
-    const ChosenRow chosen = chosenRow();
-    if (!session_.confirmClose([this] { return askSavePath(); })) return;
-    // Kept before the refill puts the stored column widths back.
+    choiceBeforeSave_ = chosenRow();
+    // Kept before a save's refill puts the stored column widths back.
     storeGeometry();
-    refillAfterReload(chosen);
+    if (!session_.confirmClose([this] { return askSavePath(); }, chosenEntry())) return;
     closing_ = true;
     if (timer_) killTimer(timer_);
     QDialog::done(result);

@@ -3,10 +3,12 @@
 // host's main window. The work of the commands is the session's; this class shows it.
 #include <QDialog>
 #include <map>
+#include <memory>
 #include <vector>
 
 #include "dialog/LayerCommands.h"
 #include "dialog/LayerDialogSession.h"
+#include "ui/cIconMenu.h"
 
 class QAction;
 class QLineEdit;
@@ -26,6 +28,7 @@ struct LayerDialogCall {
     int mode = layermode::kEditor;
     std::string objectName;
     std::string objectType;
+    std::string objectDirectory;
     std::string defaultKey;
 };
 
@@ -59,6 +62,18 @@ public:
     void updateCommands();
 
     void done(int result) override;
+    // Runs the dialog modally; a pick leaves the loop while the user picks in the drawing.
+    int exec() override;
+    // Lets the user pick an entity in the drawing (the dialog hidden) and offers its layer
+    // as the base of a new entry.
+    void pickLayer();
+    // Opens the properties dialog for a new entry; on OK it joins the list and is selected.
+    void newEntry(int propsMode, const LayerEntry& proposal, const LayerEntry* base);
+    // Opens the properties dialog of the chosen entry: to change an entry of the central
+    // file, to show a layer only in the drawing.
+    void changeEntry();
+    // The context menu of the list, filled and enabled as it would be shown.
+    std::unique_ptr<cIconMenu> contextMenu();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -69,6 +84,8 @@ private:
     void buildMenus();
     void buildToolBar(QVBoxLayout* layout);
     void restoreGeometry();
+    // Wide enough for every column and the toolbar, high enough for a page of rows.
+    QSize fittingSize() const;
     void storeGeometry();
     void search(const QString& text);
     void commitCellEdit();
@@ -76,6 +93,8 @@ private:
     void showContextMenu(const QPoint& at);
     void switchView(int view);
     void configure();
+    void newBasedOnChosen();
+    void offerPickedLayer(const std::string& layer);
     void chooseColour();
     void chooseLinetype();
     void deleteSelected();
@@ -87,6 +106,7 @@ private:
         std::string name;
     };
     ChosenRow chosenRow() const;
+    ChosenRow choiceBeforeSave_;
     void refillAfterReload(const ChosenRow& chosen);
     std::string askSavePath();
 
@@ -105,6 +125,10 @@ private:
     int hoverRow_ = -1;
     int timer_ = 0;
     bool closing_ = false;
+    bool picking_ = false;
+    // The images of the context menu, enabled and greyed.
+    IconList menuIcons_;
+    IconList menuIconsGreyed_;
 };
 
 }  // namespace ardo

@@ -125,7 +125,10 @@ QVariant cListControl::background(const LayerEntry& entry, LayerColumn column) c
 }
 
 QVariant cListControl::swatch(const LayerEntry& entry) const {
-    const HostColor colour = halfColour(entry, shownHalf(entry, priority_));
+    return swatchColour(halfColour(entry, shownHalf(entry, priority_)));
+}
+
+QVariant swatchColour(const HostColor& colour) {
     std::uint32_t rgb = 0;
     switch (colour.method) {
         case HostColor::Method::Index: rgb = host().rgbOfIndexColor(colour.index); break;

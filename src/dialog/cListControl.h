@@ -65,6 +65,9 @@ private:
     LineweightState lineweights_;
 };
 
+// The swatch of a colour: its RGB, unset for by-layer, by-block and no colour.
+QVariant swatchColour(const HostColor& colour);
+
 // The header text of a column from the message catalog.
 std::string columnHeaderText(LayerColumn column);
 

@@ -19,17 +19,17 @@ bool holdsNone(std::string_view text, std::string_view forbidden) {
 
 // The texts and lookup of one editable field: the key or the layer name.
 struct EditedField {
-    MsgKey missing, invalidChar, alreadyUsed, question1, question2, question3;
+    MsgKey missing, invalidChar, alreadyUsed, usedElsewhere, question1, question2, question3;
     std::string LayerEntry::*member;
     FoundEntry (CentralLayerFile::*find)(const std::string&, const LayerEntry*) const;
 };
 
 constexpr EditedField kKeyField{MsgKey::EtLayerKeyMissing, MsgKey::EtLayerKeyInvalidChar,
-                                MsgKey::EtLayerKeyAlreadyUsed, MsgKey::QuChangeLayerKey1,
+                                MsgKey::EtLayerKeyAlreadyUsed, MsgKey::EtLayerKeyUsedElseWhere, MsgKey::QuChangeLayerKey1,
                                 MsgKey::QuChangeLayerKey2, MsgKey::QuChangeLayerKey3,
                                 &LayerEntry::key, &CentralLayerFile::findByKey};
 constexpr EditedField kNameField{MsgKey::EtLayerNameMissing, MsgKey::EtLayerNameInvalidChar,
-                                 MsgKey::EtLayerNameAlreadyUsed, MsgKey::QuChangeLayerName1,
+                                 MsgKey::EtLayerNameAlreadyUsed, MsgKey::EtLayerNameUsedElseWhere, MsgKey::QuChangeLayerName1,
                                  MsgKey::QuChangeLayerName2, MsgKey::QuChangeLayerName3,
                                  &LayerEntry::name, &CentralLayerFile::findByName};
 
@@ -60,7 +60,22 @@ bool acceptEdited(const EditedField& field, const CentralLayerFile& list, LayerE
     return true;
 }
 
+bool identityPasses(const EditedField& field, const CentralLayerFile& list, const std::string& text,
+                    const LayerEntry* self) {
+    if (text.empty()) return refuse(field.missing);
+    if (!holdsNone(text, kForbiddenInKey)) return refuse(field.invalidChar);
+    const FoundEntry other = (list.*field.find)(text, self);
+    if (other && !other.entry->isDeleted())
+        return refuse(other.entry->has(entryflag::kFromFile) ? field.alreadyUsed : field.usedElsewhere);
+    return true;
+}
+
 }  // namespace
+
+bool identificationAccepted(const CentralLayerFile& list, const std::string& key, const std::string& name,
+                            const LayerEntry* self) {
+    return identityPasses(kKeyField, list, key, self) && identityPasses(kNameField, list, name, self);
+}
 
 bool isValidLayerKey(std::string_view text) { return holdsNone(text, kForbiddenInKey); }
 

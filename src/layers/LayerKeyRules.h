@@ -21,6 +21,13 @@ bool acceptEditedKey(const CentralLayerFile& list, LayerEntry& entry, const std:
 // The same for the layer name, with the name lookup for uniqueness.
 bool acceptEditedName(const CentralLayerFile& list, LayerEntry& entry, const std::string& text);
 
+// Checks the key and name of an entry made or changed in the properties dialog, both
+// already trimmed: missing, invalid character, held by another entry than `self` (by an
+// entry of the file: already used; by a layer only in the drawing: used elsewhere). Each
+// refusal is an error box; true when both pass.
+bool identificationAccepted(const CentralLayerFile& list, const std::string& key, const std::string& name,
+                            const LayerEntry* self);
+
 // A fresh key from the host's clock reading CDATE (YYYYMMDD.HHMMSSmmm).
 std::string makeLayerKey(double cdate);
 

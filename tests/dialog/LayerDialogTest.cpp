@@ -16,69 +16,18 @@
 #include "base/CodePage.h"
 #include "cadhost/drawing/Drawing.h"
 #include "dialog/GuiApplication.h"
+#include "dialog/LayerDialogFixture.h"
 #include "dialog/LayerViews.h"
 #include "dialog/cCellEdit.h"
 #include "dialog/cDlgLayer.h"
 #include "dialog/cListControl.h"
+#include "ui/cIconMenu.h"
 #include "ui/cWndLayerTip.h"
 #include "support/ScriptedHost.h"
 #include "support/TempFolder.h"
 
 namespace ardo {
 namespace {
-
-std::string readBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-class LayerDialogTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        test::guiApplication();
-        host.drawing = &drawing;
-        LayerRecord r;
-        r.name = "A-Wand-tragend";
-        r.color = HostColor::fromIndex(1);   // the file says 7
-        r.lineweight = 50;
-        ASSERT_EQ(drawing.addLayer(r), DbStatus::Ok);
-        r.name = "Skizze";
-        ASSERT_EQ(drawing.addLayer(r), DbStatus::Ok);
-        centralPath = tmp.write("Ardo.ini", readBytes(std::string(ARDO_SOURCE_DIR) + "/examples/install/DefaultIni/Ardo.ini"));
-        settings.ardoLayerFile = centralPath;
-    }
-    std::unique_ptr<cDlgLayer> open(int mode, const std::string& defaultKey = {}) {
-        session = std::make_unique<LayerDialogSession>(mode, settings);
-        session->load();
-        LayerDialogCall call;
-        call.mode = mode;
-        call.defaultKey = defaultKey;
-        auto dialog = std::make_unique<cDlgLayer>(*session, call, nullptr);
-        dialog->show();
-        dialog->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-        return dialog;
-    }
-    void select(cDlgLayer& dialog, const std::string& name) {
-        for (int row = 0; row < dialog.model().rowCount(); ++row)
-            if (dialog.model().entryAt(row)->name == name) {
-                dialog.table().setFocus();
-                dialog.table().selectRow(row);
-                dialog.updateCommands();
-                return;
-            }
-        ADD_FAILURE() << name << " is not in the list";
-    }
-
-    test::ScriptedHost host;
-    test::TempFolder tmp;
-    cadhost::Drawing drawing;
-    LayerDialogSettings settings;
-    std::string centralPath;
-    std::unique_ptr<LayerDialogSession> session;
-};
 
 TEST(LayerDialogModesTest, ViewsByModeAndTheirSettings) {
     LayerDialogSettings s;
@@ -109,30 +58,45 @@ TEST_F(LayerDialogTest, CommandsAreEnabledByModeViewAndSelection) {
         const char* selected;   // a layer name, or empty for no selection
         std::set<C> enabled;
     };
-    const std::set<C> always{C::FileQuit, C::OptsConfig, C::OptsDwg, C::OptsIni, C::HelpHelp, C::LayerRegen};
+    const std::set<C> always{C::FileQuit, C::OptsConfig, C::OptsDwg, C::OptsIni, C::HelpHelp, C::HelpInfo,
+                             C::LayerRegen, C::LayerNew, C::LayerPick};
     const auto with = [&](std::initializer_list<C> more) {
         std::set<C> s = always;
         s.insert(more);
         return s;
     };
+    const std::initializer_list<C> editor{C::FileNew, C::FileOpen, C::FileSaveAs, C::ViewDrawing, C::ViewCentral};
+    const std::initializer_list<C> objects{C::ViewObjects, C::ViewObjectType, C::ViewDrawing, C::ViewCentral};
+    const auto join = [](std::initializer_list<C> a, std::initializer_list<C> b) {
+        std::set<C> s(a);
+        s.insert(b);
+        return s;
+    };
+    const auto plus = [&](const std::set<C>& a, std::initializer_list<C> b) {
+        std::set<C> s = a;
+        s.insert(b);
+        s.insert(always.begin(), always.end());
+        return s;
+    };
+    const std::initializer_list<C> fileEntry{C::LayerFromCentral, C::LayerChange, C::LayerColor, C::LayerLinetype,
+                                             C::LayerDelete};
+    const std::initializer_list<C> drawingLayer{C::LayerBased, C::LayerChange, C::LayerDelete};
     const std::vector<Row> table{
-        {3, 3, "", with({C::FileNew, C::FileOpen, C::FileSaveAs, C::ViewDrawing, C::ViewCentral})},
-        {3, 3, "A-Decken", with({C::FileNew, C::FileOpen, C::FileSaveAs, C::ViewDrawing, C::ViewCentral,
-                                 C::LayerColor, C::LayerLinetype, C::LayerDelete})},
-        {3, 2, "Skizze", with({C::FileNew, C::FileOpen, C::FileSaveAs, C::ViewDrawing, C::ViewCentral,
-                               C::LayerDelete})},
+        {3, 3, "", with(editor)},
+        {3, 3, "A-Decken", plus(join(editor, fileEntry), {})},
+        {3, 2, "Skizze", plus(join(editor, drawingLayer), {})},
+        {3, 2, "A-Wand-tragend", plus(join(editor, fileEntry), {C::LayerBased})},
         {1, 3, "", with({C::ViewCentral})},
-        {1, 3, "A-Decken", with({C::ViewCentral, C::LayerColor, C::LayerLinetype, C::LayerDelete})},
-        {7, 3, "A-Decken", with({C::ViewObjects, C::ViewObjectType, C::ViewDrawing, C::ViewCentral, C::LayerColor,
-                                 C::LayerLinetype, C::LayerDelete})},
-        {7, 2, "Skizze", with({C::ViewObjects, C::ViewObjectType, C::ViewDrawing, C::ViewCentral, C::LayerDelete})},
+        {1, 3, "A-Decken", plus(join({C::ViewCentral}, fileEntry), {})},
+        {7, 3, "A-Decken", plus(join(objects, fileEntry), {})},
+        {7, 2, "Skizze", plus(join(objects, drawingLayer), {})},
     };
     for (const Row& row : table) {
         if (row.mode == 3) settings.viewModeEdit = row.view;
         if (row.mode == 7) settings.viewModeObjs = row.view;
         auto dialog = open(row.mode);
         if (*row.selected) select(*dialog, row.selected);
-        for (int c = int(C::FileNew); c <= int(C::HelpHelp); ++c) {
+        for (int c = int(C::FileNew); c <= int(C::HelpInfo); ++c) {
             const C command = static_cast<C>(c);
             EXPECT_EQ(dialog->action(command)->isEnabled(), row.enabled.count(command) == 1)
                 << "mode " << row.mode << " view " << row.view << " selected '" << row.selected << "' command " << c;
@@ -275,11 +239,35 @@ TEST_F(LayerDialogTest, StoredGeometryIsCheckedAgainstTheVirtualScreensWidth) {
     auto dialog = open(3);
     EXPECT_EQ(dialog->geometry().x(), 40);
     EXPECT_EQ(dialog->geometry().y(), 100) << "Y beyond the width minus 10 is ignored";
-    EXPECT_EQ(dialog->geometry().width(), 500) << "a width of 100 or less is ignored";
+    EXPECT_GT(dialog->geometry().width(), 100) << "a width of 100 or less is ignored";
     EXPECT_EQ(dialog->geometry().height(), 400);
     dialog->table().setColumnWidth(0, 77);
     dialog->reject();
     EXPECT_EQ(settings.widthKey, 77) << "column widths are kept on closing";
+}
+
+TEST_F(LayerDialogTest, TheFirstOpenShowsEveryColumnWhole) {
+    auto dialog = open(3);
+    QApplication::processEvents();
+    const QTableView& table = dialog->table();
+    const int columns = dialog->model().columnCount();
+    ASSERT_EQ(columns, 8);
+    int right = 0;
+    for (int position = 0; position < columns; ++position)
+        right = std::max(right, table.columnViewportPosition(position) + table.columnWidth(position));
+    // On a screen too narrow for all columns the dialog takes what the screen has.
+    const QRect screen = dialog->screen()->availableGeometry();
+    if (right + 100 < screen.width() - 150) EXPECT_LE(right, table.viewport()->width()) << "the last column is cut off";
+    else EXPECT_EQ(dialog->geometry().right(), screen.right());
+    EXPECT_GE(table.viewport()->height(), 10 * table.verticalHeader()->defaultSectionSize());
+    for (const QWidget* w : dialog->findChildren<QWidget*>("ok")) EXPECT_TRUE(w->isVisible());
+
+    dialog->reject();
+    settings.sizeX = 520;
+    settings.sizeY = 310;
+    auto again = open(3);
+    EXPECT_EQ(again->geometry().size(), QSize(520, 310)) << "a size the user gave is kept";
+    again->reject();
 }
 
 // In-place editing of the key and name cells.
@@ -366,6 +354,52 @@ TEST_F(CellEditTest, SavingKeepsLineEndsAndCodePage) {
     EXPECT_TRUE(host.boxes.size() == 1) << "no closing question after saving";
 }
 
+TEST_F(CellEditTest, RenamingADrawingLayerRenamesItWhenTheFileIsSaved) {
+    const auto line = drawing.makeEntity({{0, "LINE"}, {8, "A-Wand-tragend"}, {10, "0"}, {20, "0"}, {30, "0"},
+                                          {11, "1"}, {21, "1"}, {31, "0"}});
+    ASSERT_TRUE(line);
+    auto dialog = open(3, "A_WAND_TRAG");
+    host.answers = {MbAnswer::Yes};
+    edit(*dialog, Qt::Key_Right, "A-Wand-neu");
+    EXPECT_EQ(host.printed.find("OnEditFocusKilled"), std::string::npos) << "no trace for a drawing layer";
+    EXPECT_TRUE(drawing.findLayer("A-Wand-tragend")) << "queued, not yet done";
+    host.answers = {MbAnswer::Yes};
+    edit(*dialog, Qt::Key_Right, "A-Wand-neuer");
+    ASSERT_EQ(session->pendingRenames().size(), 1u) << "two renames of one layer are one";
+    dialog->run(LayerCommand::FileSave);
+    EXPECT_FALSE(drawing.findLayer("A-Wand-tragend"));
+    ASSERT_TRUE(drawing.findLayer("A-Wand-neuer"));
+    EXPECT_EQ(drawing.findLayer("A-Wand-neuer")->color, HostColor::fromIndex(1)) << "the layer keeps its colour";
+    EXPECT_EQ(drawing.entity(*line)->layer, "A-Wand-neuer") << "its entities follow";
+    const LayerEntry* entry = session->list().findByKey("A_WAND_TRAG").entry;
+    ASSERT_NE(entry, nullptr);
+    EXPECT_TRUE(entry->has(entryflag::kInDrawing)) << "the saved entry finds its layer again";
+    EXPECT_NE(readBytes(centralPath).find("A_WAND_TRAG=A-Wand-neuer,"), std::string::npos);
+    dialog->reject();
+}
+
+TEST_F(CellEditTest, RenamesAreDroppedWithTheOtherChanges) {
+    auto dialog = open(3, "A_WAND_TRAG");
+    host.answers = {MbAnswer::Yes};
+    edit(*dialog, Qt::Key_Right, "A-Wand-neu");
+    host.answers = {MbAnswer::No};
+    dialog->accept();
+    EXPECT_TRUE(drawing.findLayer("A-Wand-tragend"));
+    EXPECT_FALSE(drawing.findLayer("A-Wand-neu"));
+}
+
+TEST_F(CellEditTest, ALayerOnlyInTheDrawingIsNotEditedInPlace) {
+    settings.viewModeEdit = 2;
+    auto dialog = open(3);
+    select(*dialog, "Skizze");
+    QTest::keyClick(&dialog->table(), Qt::Key_F2);
+    EXPECT_EQ(dialog->cellEditor(), nullptr);
+    ASSERT_EQ(host.boxes.size(), 1u);
+    EXPECT_EQ(host.boxes[0].text, QString::fromUtf8("Ein Layerschlüssel des nur in der Zeichnung vorhandenen Layers\n"
+                                                    "kann nicht zugewiesen werden.").toStdString());
+    dialog->reject();
+}
+
 TEST_F(LayerDialogTest, TheRowTipTellsWhereTheLayerIs) {
     auto dialog = open(3);
     dialog->showLayerTip(dialog->model().rowOfKey("A_WAND_TRAG"));
@@ -376,10 +410,37 @@ TEST_F(LayerDialogTest, TheRowTipTellsWhereTheLayerIs) {
     dialog->reject();
 }
 
+TEST_F(LayerDialogTest, TheContextMenuIsTheLayerMenuInItsOrder) {
+    settings.viewModeEdit = 2;
+    auto dialog = open(3);
+    for (const char* name : {"Skizze", "A-Wand-tragend"}) {
+        select(*dialog, name);
+        const std::unique_ptr<cIconMenu> menu = dialog->contextMenu();
+        QStringList texts;
+        for (QAction* a : menu->actions()) texts << (a->isSeparator() ? "-" : a->text());
+        EXPECT_EQ(texts, (QStringList{"Neu ...", QString::fromUtf8("Layer aus Zeichnung übernehmen ..."),
+                                      QString::fromUtf8("Layer aus zentraler Layersteuerdatei übernehmen ..."),
+                                      "Eigenschaften ...", "-", "Farbe ...", "Linientyp ...", "-",
+                                      QString::fromUtf8("Löschen ...")}));
+        const QList<QAction*> a = menu->actions();
+        EXPECT_EQ(a[3]->isEnabled(), a[8]->isEnabled()) << "Eigenschaften and Löschen share one test";
+        EXPECT_EQ(a[5]->isEnabled(), a[6]->isEnabled()) << "Farbe and Linientyp share one test";
+        EXPECT_EQ(a[2]->isEnabled(), std::string(name) == "A-Wand-tragend") << name;
+        EXPECT_EQ(menu->commandIdOf(a[3]), 40060);
+    }
+    const std::unique_ptr<cIconMenu> menu = dialog->contextMenu();
+    menu->popup(dialog->mapToGlobal(QPoint(40, 80)));
+    QApplication::processEvents();
+    std::filesystem::create_directories("grabs");
+    EXPECT_TRUE(menu->grab().save("grabs/context-menu.png"));
+    menu->hide();
+    dialog->reject();
+}
+
 TEST_F(LayerDialogTest, GrabsOfTheDialog) {
     settings.markLayers = true;
+    // At the size of the first open.
     auto dialog = open(3, "A_WAND_TRAG");
-    dialog->resize(760, 420);
     QApplication::processEvents();
     // Beside the test binary, to be looked at.
     std::filesystem::create_directories("grabs");

@@ -98,6 +98,16 @@ TEST(LayerDialogE2e, EditLayersRenamesSavesAndRegenerates) {
         editor->insert(QString::fromUtf8("üd"));   // QTest types ASCII keys only
         QTest::keyClick(editor, Qt::Key_Return);
         QApplication::processEvents();
+        // A new entry through the properties dialog.
+        QTimer::singleShot(0, [&] {
+            QWidget* props = QApplication::activeModalWidget();
+            ASSERT_NE(props, nullptr);
+            auto* key = props->findChild<QLineEdit*>("key");
+            ASSERT_NE(key, nullptr);
+            QTest::keyClicks(key, "E2E_NEU");
+            QMetaObject::invokeMethod(props, "accept");
+        });
+        actionNamed(*dialog, "Neu ...")->trigger();
         actionNamed(*dialog, "Speichern")->trigger();
         actionNamed(*dialog, "Regenerieren")->trigger();
         driven = true;
@@ -114,6 +124,10 @@ TEST(LayerDialogE2e, EditLayersRenamesSavesAndRegenerates) {
     EXPECT_EQ(app.lisp().evaluate("(kemb_getlayername \"T\" \"A_FENSTER\")").printed, "\"A-Fenster-Süd\"")
         << "the LISP functions read the saved file";
 
+    EXPECT_EQ(app.lisp().evaluate("(kemb_newlayer \"T\" \"E2E_NEU\")").printed, "0") << printed;
+    EXPECT_EQ(app.lisp().evaluate("(cdr (assoc 2 (tblsearch \"LAYER\" \"Layer1\")))").printed, "\"Layer1\"")
+        << "the new entry makes its layer";
+
     // The user's central file, as saved: Windows-1252 and CRLF line ends.
     fs::path saved;
     for (const auto& entry : fs::recursive_directory_iterator(install.folder()))
@@ -122,6 +136,7 @@ TEST(LayerDialogE2e, EditLayersRenamesSavesAndRegenerates) {
     ASSERT_FALSE(saved.empty());
     const std::string bytes = bytesOf(saved);
     EXPECT_NE(bytes.find("A_FENSTER=A-Fenster-S\xFC" "d,3,Continuous,,0,,,25,Normal,Fenster,1\r\n"), std::string::npos);
+    EXPECT_NE(bytes.find("\r\nE2E_NEU=Layer1,7,Continuous,"), std::string::npos) << bytes;
     for (size_t at = bytes.find('\n'); at != std::string::npos; at = bytes.find('\n', at + 1))
         ASSERT_TRUE(at > 0 && bytes[at - 1] == '\r') << "a bare line feed at " << at;
 }

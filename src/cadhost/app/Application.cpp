@@ -171,11 +171,19 @@ int Application::setResult(ResBufChain result) {
     return ardo::RTNORM;
 }
 
+// One value is what nearly every module call returns, and each call sets the nil result
+// first: the frame's storage is reused instead of a new chain each time.
+int Application::setResult(ResBuf value) {
+    frame_.result.clear();
+    frame_.result.push_back(std::move(value));
+    return ardo::RTNORM;
+}
+
 int Application::getVar(Document& document, const std::string& name, ResBuf& value) const {
     const std::string key = ardo::upperCase(name);
     std::optional<ResBuf> found;
     if (key == "DWGTITLED") found = ResBuf::shortInt(document.titled() ? 1 : 0);
-    else if (variables_.holds(key)) found = variables_.get(key);
+    else if (auto held = variables_.get(key)) found = std::move(held);
     else found = document.drawing().getVar(key);
     if (!found) return ardo::RTERROR;
     value = std::move(*found);

@@ -91,12 +91,12 @@ public:
     int queueExpr(const std::string& expression) override;
 
     const ardo::ResBufChain& getArgs() const override { return frame_.args ? *frame_.args : noArgs_; }
-    int retNil() override { return setResult({ardo::ResBuf::marker(ardo::RTNIL)}); }
-    int retT() override { return setResult({ardo::ResBuf::marker(ardo::RTT)}); }
-    int retVoid() override { return setResult({ardo::ResBuf::marker(ardo::RTVOID)}); }
-    int retStr(const std::string& value) override { return setResult({ardo::ResBuf::str(value)}); }
-    int retInt(int value) override { return setResult({ardo::ResBuf::longInt(value)}); }
-    int retReal(double value) override { return setResult({ardo::ResBuf::realNum(value)}); }
+    int retNil() override { return setResult(ardo::ResBuf::marker(ardo::RTNIL)); }
+    int retT() override { return setResult(ardo::ResBuf::marker(ardo::RTT)); }
+    int retVoid() override { return setResult(ardo::ResBuf::marker(ardo::RTVOID)); }
+    int retStr(const std::string& value) override { return setResult(ardo::ResBuf::str(value)); }
+    int retInt(int value) override { return setResult(ardo::ResBuf::longInt(value)); }
+    int retReal(double value) override { return setResult(ardo::ResBuf::realNum(value)); }
     int retList(const ardo::ResBufChain& list) override { return setResult(list); }
 
     void print(const std::string& text) override { ui_.print(text); }
@@ -157,6 +157,7 @@ private:
     ardo::ResBufChain invoke(const LoadedModule* owner, int code, const std::string& name,
                              const ardo::ResBufChain& args);
     int setResult(ardo::ResBufChain result);
+    int setResult(ardo::ResBuf value);
 
     UserInterface& ui_;
     ColorServices colors_;

@@ -30,32 +30,38 @@ bool isInteger(short type) { return type == ardo::RTSHORT || type == ardo::RTLON
 }  // namespace
 
 HostVariables::HostVariables() {
-    fixed_ = {
-        {"ACADVER", ResBuf::str("18.0")},
-        {"PRODUCT", ResBuf::str("ardo-cad")},
-        {"PLATFORM", ResBuf::str("Linux")},
-        {"LOGINNAME", ResBuf::str(loginName())},
-        {"TEMPPREFIX", ResBuf::str(tempPrefix())},
-        {"SDI", ResBuf::shortInt(0)},
+    held_ = {
+        {"ACADVER", {ResBuf::str("18.0")}},
+        {"PRODUCT", {ResBuf::str("ardo-cad")}},
+        {"PLATFORM", {ResBuf::str("Linux")}},
+        {"LOGINNAME", {ResBuf::str(loginName())}},
+        {"TEMPPREFIX", {ResBuf::str(tempPrefix())}},
+        {"SDI", {ResBuf::shortInt(0)}},
+        {"ERRNO", {ResBuf::shortInt(0), true}},
     };
-    writable_ = {{"ERRNO", ResBuf::shortInt(0)}};
-    for (char n = '1'; n <= '5'; ++n) writable_.emplace(std::string("USERS") + n, ResBuf::str(""));
+    for (char n = '1'; n <= '5'; ++n) held_.emplace_back(std::string("USERS") + n, Held{ResBuf::str(""), true});
 }
 
-bool HostVariables::holds(const std::string& name) const {
-    return fixed_.contains(name) || writable_.contains(name);
+std::size_t HostVariables::indexOf(const std::string& name) const {
+    if (name.empty()) return held_.size();
+    // The first letter rules out nearly every name before a whole comparison.
+    std::size_t i = 0;
+    while (i < held_.size() && (held_[i].first.front() != name.front() || held_[i].first != name)) ++i;
+    return i;
 }
+
+bool HostVariables::holds(const std::string& name) const { return indexOf(name) < held_.size(); }
 
 std::optional<ResBuf> HostVariables::get(const std::string& name) const {
-    if (auto it = fixed_.find(name); it != fixed_.end()) return it->second;
-    if (auto it = writable_.find(name); it != writable_.end()) return it->second;
-    return std::nullopt;
+    const std::size_t i = indexOf(name);
+    if (i == held_.size()) return std::nullopt;
+    return held_[i].second.value;
 }
 
 bool HostVariables::set(const std::string& name, const ResBuf& value) {
-    auto it = writable_.find(name);
-    if (it == writable_.end()) return false;
-    ResBuf& held = it->second;
+    const std::size_t i = indexOf(name);
+    if (i == held_.size() || !held_[i].second.writable) return false;
+    ResBuf& held = held_[i].second.value;
     if (held.restype == ardo::RTSTR) {
         if (value.restype != ardo::RTSTR) return false;
         held.text = value.text;

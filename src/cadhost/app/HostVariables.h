@@ -2,9 +2,10 @@
 // System variables that belong to the application rather than to a drawing: release,
 // product, platform, user, temporary folder, and the user string variables that are not
 // saved in a drawing.
-#include <map>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "boundary/ResBuf.h"
 
@@ -23,8 +24,15 @@ public:
     bool set(const std::string& name, const ardo::ResBuf& value);
 
 private:
-    std::map<std::string, ardo::ResBuf> writable_;
-    std::map<std::string, ardo::ResBuf> fixed_;
+    struct Held {
+        ardo::ResBuf value;
+        bool writable = false;
+    };
+    // A dozen names, asked first by every getvar of a drawing's variable too: a scan of
+    // them is cheaper than hashing the name.
+    std::vector<std::pair<std::string, Held>> held_;
+    // The position of the name, or the end when the application does not hold it.
+    std::size_t indexOf(const std::string& name) const;
 };
 
 }  // namespace cadhost

@@ -111,6 +111,7 @@ public:
     // An entry that exists already is kept (layers may refer to it); the result is Ok.
     ardo::DbStatus addPlaceHolder(const std::string& dictionary, const std::string& entry) override;
     bool hasDictionaryEntry(const std::string& dictionary, const std::string& entry) const override;
+    std::optional<std::string> layerOfEntity(std::int64_t entity) const override;
 
     // --- more layer work for the host's commands --------------------------------------
     // Layer "0", "Defpoints", the current layer and layers that entities are on stay

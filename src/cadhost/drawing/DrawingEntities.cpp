@@ -60,6 +60,13 @@ std::optional<EntityInfo> Drawing::entity(Handle handle) const {
     return info;
 }
 
+std::optional<std::string> Drawing::layerOfEntity(std::int64_t id) const {
+    if (id <= 0) return std::nullopt;
+    const std::optional<EntityInfo> info = entity(static_cast<Handle>(id));
+    if (!info) return std::nullopt;
+    return info->layer;
+}
+
 void Drawing::forEachEntity(const std::function<bool(const EntityInfo&)>& visit) const {
     for (std::uint32_t i : spaceEntities_)
         if (isNamedEntity(i) && !visit(*entity(entities_[i].handle))) return;

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 #include "cadhost/drawing/Drawing.h"
-#include "cadhost/geometry/PolylineVertices.h"
+#include "cadhost/geometry/Paths.h"
 
 namespace cadhost::geometry {
 
@@ -32,16 +31,16 @@ void addArcPoints(Ring& ring, const Arc& arc, bool counterClockwise) {
     }
 }
 
-std::optional<AreaOutline> outlineOf(const std::vector<PolylineVertex>& vertices) {
+std::optional<AreaOutline> outlineOf(const std::vector<Vertex>& vertices) {
     AreaOutline outline;
     double twiceArea = 0, arcSegments = 0;
     const std::size_t n = vertices.size();
     for (std::size_t i = 0; i < n; ++i) {
-        const PolylineVertex& from = vertices[i];
-        const PolylineVertex& to = vertices[(i + 1) % n];
-        outline.ring.push_back({from.p[0], from.p[1]});
-        twiceArea += from.p[0] * to.p[1] - to.p[0] * from.p[1];
-        if (const auto arc = bulgeArc(from.p, to.p, from.bulge)) {
+        const Vertex& from = vertices[i];
+        const Vertex& to = vertices[(i + 1) % n];
+        outline.ring.push_back({from.at[0], from.at[1]});
+        twiceArea += from.at[0] * to.at[1] - to.at[0] * from.at[1];
+        if (const auto arc = bulgeArc(from.at, to.at, from.bulge)) {
             addArcPoints(outline.ring, *arc, from.bulge > 0);
             // The circular segment between chord and arc, on the side the bulge says.
             const double sweep = arc->end - arc->start;
@@ -60,12 +59,13 @@ std::optional<AreaOutline> outlineOf(const std::vector<PolylineVertex>& vertices
     return outline;
 }
 
-std::vector<PolylineVertex> circleVertices(const ardo::Point3& centre, double radius) {
+std::vector<Vertex> circleVertices(const ardo::Point3& centre, double radius) {
     // Two half circles: a bulge of 1 is a semicircle.
     return {{{centre[0] - radius, centre[1], centre[2]}, 1}, {{centre[0] + radius, centre[1], centre[2]}, 1}};
 }
 
-double number(const std::string& text) { return std::strtod(text.c_str(), nullptr); }
+// 3D polylines, meshes and polyface meshes are no outlines in the xy plane.
+constexpr int kNotFlat = 8 | 16 | 64;
 
 }  // namespace
 
@@ -73,24 +73,15 @@ std::optional<AreaOutline> areaOutlineOf(const Drawing& drawing, Handle entity) 
     const auto info = drawing.entity(entity);
     if (!info) return std::nullopt;
     const std::vector<EntityTag> tags = drawing.entityTags(entity);
-    if (info->type == "LWPOLYLINE") {
-        const PolylineData data = lwpolylineData(tags);
-        return data.closed ? outlineOf(data.vertices) : std::nullopt;
-    }
-    if (info->type == "POLYLINE") {
-        const PolylineData data = polylineData(tags, drawing.entityParts(entity));
-        return data.closed && data.flat ? outlineOf(data.vertices) : std::nullopt;
+    const Groups groups(tags);
+    if (info->type == "LWPOLYLINE" || (info->type == "POLYLINE" && (groups.flags(70) & kNotFlat) == 0)) {
+        const auto polyline = polylineOf(drawing, entity, tags);
+        return polyline && polyline->closed ? outlineOf(polyline->vertices) : std::nullopt;
     }
     if (info->type == "CIRCLE") {
-        ardo::Point3 centre{};
-        double radius = 0;
-        for (const EntityTag& t : tags) {
-            if (t.code == 10) centre[0] = number(t.value);
-            else if (t.code == 20) centre[1] = number(t.value);
-            else if (t.code == 40) radius = number(t.value);
-        }
+        const double radius = groups.get(40);
         if (radius <= 0) return std::nullopt;
-        return outlineOf(circleVertices(centre, radius));
+        return outlineOf(circleVertices(groups.point(10), radius));
     }
     return std::nullopt;
 }

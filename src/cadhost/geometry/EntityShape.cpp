@@ -1,9 +1,8 @@
 #include <cmath>
-#include <cstdlib>
 #include <string>
 
 #include "cadhost/drawing/Drawing.h"
-#include "cadhost/geometry/PolylineVertices.h"
+#include "cadhost/geometry/Paths.h"
 #include "cadhost/geometry/Queries.h"
 #include "cadhost/geometry/Shape.h"
 
@@ -12,36 +11,30 @@ namespace cadhost::geometry {
 namespace {
 
 constexpr double kDegree = M_PI / 180.0;
+// Chords of a full circle for curves measured along their points (ellipses, splines).
+constexpr int kMeasureSegments = 144;
 
-double number(const std::string& text) { return std::strtod(text.c_str(), nullptr); }
-
-// The first value of each group code the entity has, for the simple entities.
-struct Groups {
-    explicit Groups(const std::vector<EntityTag>& tags) : tags_(tags) {}
-    double get(int code, double fallback = 0) const {
-        for (const EntityTag& t : tags_)
-            if (t.code == code) return number(t.value);
-        return fallback;
-    }
-    ardo::Point3 point(int code) const { return {get(code), get(code + 10), get(code + 20)}; }
-
-private:
-    const std::vector<EntityTag>& tags_;
-};
-
-Shape lwpolylineShape(const std::vector<EntityTag>& tags) {
-    const PolylineData data = lwpolylineData(tags);
-    const std::vector<PolylineVertex>& vertices = data.vertices;
-    const bool closed = data.closed;
+Shape polylineShape(const Polyline& polyline) {
     Shape shape;
-    if (vertices.size() == 1) shape.points.push_back(vertices.front().p);
-    const std::size_t n = vertices.size();
-    const std::size_t spans = closed ? n : (n == 0 ? 0 : n - 1);
+    const auto& v = polyline.vertices;
+    if (v.size() == 1) shape.points.push_back(v.front().at);
+    const std::size_t n = v.size();
+    const std::size_t spans = polyline.closed ? n : (n == 0 ? 0 : n - 1);
     for (std::size_t i = 0; i < spans; ++i) {
-        const PolylineVertex& from = vertices[i];
-        const PolylineVertex& to = vertices[(i + 1) % n];
-        if (auto arc = bulgeArc(from.p, to.p, from.bulge)) shape.arcs.push_back(*arc);
-        else shape.segments.push_back({from.p, to.p});
+        const Vertex& from = v[i];
+        const Vertex& to = v[(i + 1) % n];
+        if (auto arc = bulgeArc(from.at, to.at, from.bulge)) shape.arcs.push_back(*arc);
+        else shape.segments.push_back({from.at, to.at});
+    }
+    return shape;
+}
+
+Shape pathShape(const std::vector<Path>& paths) {
+    Shape shape;
+    for (const Path& p : paths) {
+        if (p.points.size() == 1) shape.points.push_back(p.points.front());
+        for (std::size_t i = 0; i + 1 < p.points.size(); ++i) shape.segments.push_back({p.points[i], p.points[i + 1]});
+        if (p.closed && p.points.size() > 2) shape.segments.push_back({p.points.back(), p.points.front()});
     }
     return shape;
 }
@@ -68,7 +61,7 @@ bool Arc::covers(double angle) const {
 
 std::optional<Arc> bulgeArc(const ardo::Point3& from, const ardo::Point3& to, double bulge) {
     const double chord = std::hypot(to[0] - from[0], to[1] - from[1]);
-    if (bulge == 0 || chord == 0) return std::nullopt;
+    if (std::abs(bulge) < 1e-12 || chord == 0) return std::nullopt;
     const double sweep = 4 * std::atan(bulge);   // signed
     const double radius = chord / (2 * std::sin(std::abs(sweep) / 2));
     // Centre: from the chord's middle, along its normal, by the sagitta's complement.
@@ -104,8 +97,10 @@ std::optional<Shape> shapeOf(const Drawing& drawing, Handle entity) {
         shape.arcs.push_back(arc);
     } else if (info->type == "POINT") {
         shape.points.push_back(g.point(10));
-    } else if (info->type == "LWPOLYLINE") {
-        shape = lwpolylineShape(tags);
+    } else if (const auto polyline = polylineOf(drawing, entity, tags)) {
+        shape = polylineShape(*polyline);
+    } else if (auto paths = pathsOf(drawing, entity, tags, kMeasureSegments); !paths.empty()) {
+        shape = pathShape(paths);
     } else if (const auto box = drawing.extents(entity)) {
         shape = boxShape(*box);
     }

@@ -36,9 +36,9 @@ struct Shape {
     bool empty() const { return segments.empty() && arcs.empty() && points.empty(); }
 };
 
-// LINE, LWPOLYLINE (bulges become arcs), CIRCLE, ARC and POINT exactly; other entities
-// with extents (texts, inserts, hatches, old-style polylines, ...) as the outline of
-// their box. Nothing for an entity that has no geometry the host knows.
+// LINE, LWPOLYLINE and POLYLINE (bulges become arcs), CIRCLE, ARC and POINT exactly;
+// ELLIPSE and SPLINE along fine chords; SOLID, TRACE and 3DFACE by their edges; other
+// entities with extents (texts, inserts, hatches, ...) as the outline of their box. Nothing for an entity that has no geometry the host knows.
 std::optional<Shape> shapeOf(const Drawing& drawing, Handle entity);
 
 // The arc through a bulge between two polyline vertices (bulge = tan(sweep/4), positive

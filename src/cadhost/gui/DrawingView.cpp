@@ -3,10 +3,10 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace cadhost::gui {
 
@@ -18,21 +18,26 @@ const QColor kWindowFill(40, 90, 220, 60), kWindowEdge(90, 140, 255);
 const QColor kCrossingFill(40, 200, 90, 60), kCrossingEdge(90, 230, 120);
 constexpr double kPickPixels = 5;
 constexpr double kDragPixels = 4;
-// The cap height of a text is about this part of the font's pixel size.
-constexpr double kCapHeight = 0.72;
 
-QColor shown(std::uint32_t rgb, bool faded) {
-    const std::uint32_t c = screenColor(rgb);
-    QColor color((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF);
-    if (!faded) return color;
-    // A locked layer's entities blend halfway into the background.
-    return QColor((color.red() + kBackground.red()) / 2, (color.green() + kBackground.green()) / 2,
-                  (color.blue() + kBackground.blue()) / 2);
+// Moves an image's pixels by whole pixels; what is uncovered keeps old pixels until painted.
+void shiftImage(QImage& image, int dx, int dy) {
+    const int w = image.width(), h = image.height();
+    const qsizetype line = image.bytesPerLine();
+    const int bytes = 4 * (w - std::abs(dx));
+    uchar* bits = image.bits();
+    auto move = [&](int y) {
+        const uchar* from = bits + static_cast<qsizetype>(y - dy) * line + 4 * std::max(0, -dx);
+        uchar* to = bits + static_cast<qsizetype>(y) * line + 4 * std::max(0, dx);
+        std::memmove(to, from, bytes);
+    };
+    // Rows are moved in the order that never reads a row already overwritten.
+    if (dy > 0)
+        for (int y = h - 1; y >= dy; --y) move(y);
+    else
+        for (int y = 0; y < h + dy; ++y) move(y);
 }
 
 }  // namespace
-
-std::uint32_t screenColor(std::uint32_t rgb) { return (rgb & 0xFFFFFF) == 0 ? 0xFFFFFF : rgb; }
 
 DrawingView::DrawingView(Drawing& drawing, Space space, QWidget* parent)
     : QWidget(parent), scene_(drawing, space) {
@@ -107,6 +112,7 @@ bool DrawingView::zoomPrevious() {
 void DrawingView::setSelection(std::vector<Handle> entities) {
     selection_ = std::move(entities);
     selected_ = {selection_.begin(), selection_.end()};
+    ++selectionRevision_;
     update();
 }
 
@@ -116,81 +122,52 @@ void DrawingView::resizeEvent(QResizeEvent*) {
     if (!fitted_) zoomExtents();
 }
 
-void DrawingView::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), kBackground);
-    drawScene(painter);
-    drawRubberBand(painter);
+ViewTransform DrawingView::transform() const {
+    return {width() / 2.0 - centre_.x * scale_, height() / 2.0 + centre_.y * scale_, scale_};
 }
 
-void DrawingView::drawScene(QPainter& painter) {
-    const auto& layers = scene_.layers();
-    QPolygonF polygon;
-    QPen pen;
-    pen.setCosmetic(true);
-    std::uint32_t penKey = ~0u;
-    const double left = width() / 2.0 - centre_.x * scale_, top = height() / 2.0 + centre_.y * scale_;
-    auto screen = [&](Vec2 w) { return QPointF(left + w.x * scale_, top - w.y * scale_); };
-    QFont font("DejaVu Sans");
-    painter.setBrush(Qt::NoBrush);
-
-    scene_.visit(visibleArea(), [&](const SceneItem& item, Look look) {
-        const bool highlighted = look == Look::Highlighted || (!selected_.empty() && selected_.count(item.handle));
-        const bool tiny = (item.box.x1 - item.box.x0) * scale_ < 1 && (item.box.y1 - item.box.y0) * scale_ < 1;
-        for (const Piece& p : item.pieces) {
-            const SceneLayer& layer = layers[p.layer];
-            if (!layer.shown()) continue;
-            const std::uint32_t rgb = p.color.byLayer ? layer.rgb : p.color.rgb;
-            // One key per pen: colour, fading and dashing.
-            const std::uint32_t key = (rgb & 0xFFFFFF) | (layer.locked ? 1u << 24 : 0) | (highlighted ? 1u << 25 : 0);
-            if (key != penKey) {
-                penKey = key;
-                pen.setColor(shown(rgb, layer.locked));
-                pen.setStyle(highlighted ? Qt::DashLine : Qt::SolidLine);
-                painter.setPen(pen);
-            }
-            if (tiny) {
-                painter.drawPoint(screen(p.points.front()));
-                break;
-            }
-            switch (p.kind) {
-            case Piece::Kind::Dot:
-                for (Vec2 v : p.points) painter.drawPoint(screen(v));
-                break;
-            case Piece::Kind::Stroke:
-            case Piece::Kind::Fill:
-                polygon.resize(static_cast<int>(p.points.size()));
-                for (std::size_t i = 0; i < p.points.size(); ++i) polygon[static_cast<int>(i)] = screen(p.points[i]);
-                if (p.kind == Piece::Kind::Fill) {
-                    painter.setBrush(pen.color());
-                    painter.drawPolygon(polygon);
-                    painter.setBrush(Qt::NoBrush);
-                } else if (p.closed) {
-                    painter.drawPolygon(polygon);
-                } else {
-                    painter.drawPolyline(polygon);
-                }
-                break;
-            case Piece::Kind::Text: {
-                const double pixels = p.height * scale_ / kCapHeight;
-                const QPointF at = screen(p.points.front());
-                if (pixels < 3) {
-                    painter.drawPoint(at);
-                    break;
-                }
-                painter.save();
-                painter.translate(at);
-                painter.rotate(-p.angle * 180.0 / M_PI);
-                font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
-                painter.setFont(font);
-                const QStringList lines = QString::fromStdString(p.text).split('\n');
-                for (int i = 0; i < lines.size(); ++i) painter.drawText(QPointF(0, i * 1.6 * p.height * scale_), lines[i]);
-                painter.restore();
-                break;
-            }
-            }
+void DrawingView::refreshPicture() {
+    const ScenePainter painter(scene_, kBackground);
+    const ViewTransform now = transform();
+    bool current = drawing_.size() == size() && drawingRevision_ == scene_.revision() && drawn_.scale == now.scale;
+    if (current && (drawn_.left != now.left || drawn_.top != now.top)) {
+        const double dx = now.left - drawn_.left, dy = now.top - drawn_.top;
+        const int ix = static_cast<int>(std::lround(dx)), iy = static_cast<int>(std::lround(dy));
+        // Only a whole-pixel move smaller than the view keeps what was painted.
+        current = std::fabs(dx - ix) < 1e-3 && std::fabs(dy - iy) < 1e-3 && std::abs(ix) < width() && std::abs(iy) < height();
+        if (current) {
+            picture_ = QImage();   // shares the pixels: let go, so the shift copies nothing
+            shiftImage(drawing_, ix, iy);
+            const int w = width(), h = height();
+            if (ix > 0) painter.paintDrawing(drawing_, QRect(0, 0, ix, h), now);
+            if (ix < 0) painter.paintDrawing(drawing_, QRect(w + ix, 0, -ix, h), now);
+            if (iy > 0) painter.paintDrawing(drawing_, QRect(0, 0, w, iy), now);
+            if (iy < 0) painter.paintDrawing(drawing_, QRect(0, h + iy, w, -iy), now);
+            drawn_ = now;
+            pictureStale_ = true;
         }
-    });
+    }
+    if (!current) {
+        drawing_ = QImage(size(), QImage::Format_RGB32);
+        painter.paintDrawing(drawing_, drawing_.rect(), now);
+        drawn_ = now;
+        drawingRevision_ = scene_.revision();
+        pictureStale_ = true;
+    }
+    if (highlightRevision_ != scene_.highlightRevision() || shownSelection_ != selectionRevision_) pictureStale_ = true;
+    if (!pictureStale_) return;
+    picture_ = drawing_;
+    highlightRevision_ = scene_.highlightRevision();
+    shownSelection_ = selectionRevision_;
+    pictureStale_ = false;
+    if (scene_.anyHighlighted() || !selected_.empty()) painter.paintHighlights(picture_, now, selected_);
+}
+
+void DrawingView::paintEvent(QPaintEvent*) {
+    refreshPicture();
+    QPainter painter(this);
+    painter.drawImage(0, 0, picture_);
+    drawRubberBand(painter);
 }
 
 void DrawingView::drawRubberBand(QPainter& painter) {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "cadhost/commands/InputRequest.h"
-#include "cadhost/gui/Scene.h"
+#include "cadhost/gui/ScenePainter.h"
 
 class QPainter;
 
@@ -49,6 +49,7 @@ public:
     Vec2 toWorld(QPointF screen) const;
     QPointF toScreen(Vec2 world) const;
     Box2 visibleArea() const;
+    ViewTransform transform() const;
 
     // --- selection without a command (noun-verb) ----------------------------------------
     const std::vector<Handle>& selection() const { return selection_; }
@@ -73,7 +74,9 @@ private:
     void click(QPointF at, bool shift);
     void finishWindow(QPointF at, bool shift);
     void hand(const std::vector<Handle>& found, QPointF at, bool remove);
-    void drawScene(QPainter& painter);
+    // Brings the cached picture of the drawing up to the view: kept, shifted by a pan with
+    // only the uncovered strips painted, or painted anew; then the highlights over a copy.
+    void refreshPicture();
     void drawRubberBand(QPainter& painter);
 
     Scene scene_;
@@ -88,10 +91,12 @@ private:
     QPointF mouse_;
     std::vector<Handle> selection_;
     std::unordered_set<Handle> selected_;
-};
 
-// The colour an entity shows on the view's dark background: black turns white, as the
-// index colour 7 does.
-std::uint32_t screenColor(std::uint32_t rgb);
+    QImage drawing_;        // the drawing without highlights, as `drawn_` shows it
+    QImage picture_;        // what the screen shows: `drawing_` with the highlights
+    ViewTransform drawn_;
+    std::uint64_t drawingRevision_ = 0, highlightRevision_ = 0, selectionRevision_ = 0, shownSelection_ = 0;
+    bool pictureStale_ = true;
+};
 
 }  // namespace cadhost::gui

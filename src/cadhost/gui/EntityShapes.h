@@ -1,7 +1,7 @@
 #pragma once
-// Turns an entity's DXF data into the pieces the view draws: curves as point chains,
-// solids as fills, texts as runs; block references through their blocks, nested ones
-// included. Work is done once per entity and cached by the scene.
+// Turns an entity into the pieces the view draws: its geometry as the host measures it
+// (curves as point chains, solids as fills) with the layer and colour it shows in, texts
+// as runs, block references through their blocks, nested ones included. Work is done once per entity and cached by the scene.
 #include <functional>
 #include <string>
 #include <vector>
@@ -39,8 +39,5 @@ private:
 
 // The plain text of an MTEXT value: paragraph breaks as line ends, formatting codes dropped.
 std::string plainMText(const std::string& value);
-// Points of the arc from `from` to `to` whose bulge is the tangent of a quarter of its
-// angle, `to` included and `from` left out.
-void appendBulge(std::vector<Vec2>& out, Vec2 from, Vec2 to, double bulge);
 
 }  // namespace cadhost::gui

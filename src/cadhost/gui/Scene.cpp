@@ -3,48 +3,54 @@
 #include <cmath>
 
 #include "cadhost/colors/AciPalette.h"
+#include "cadhost/geometry/Queries.h"
 #include "cadhost/gui/EntityShapes.h"
 
 namespace cadhost::gui {
 
 namespace {
 
-double segmentDistance(Vec2 p, Vec2 a, Vec2 b) {
-    const double dx = b.x - a.x, dy = b.y - a.y;
-    const double length2 = dx * dx + dy * dy;
-    double t = length2 == 0 ? 0 : ((p.x - a.x) * dx + (p.y - a.y) * dy) / length2;
-    t = std::clamp(t, 0.0, 1.0);
-    return std::hypot(p.x - (a.x + t * dx), p.y - (a.y + t * dy));
+ardo::Point3 point3(Vec2 v) { return {v.x, v.y, 0}; }
+
+// Calls `edge` for each line of a piece: chains joined, closed ones and each loop of a fill
+// back to their first point, segments in pairs.
+template <class F>
+void forEachEdge(const Piece& p, F&& edge) {
+    if (p.kind == Piece::Kind::Segments) {
+        for (std::size_t k = 0; k + 1 < p.points.size(); k += 2) edge(p.points[k], p.points[k + 1]);
+        return;
+    }
+    const bool closed = p.closed || p.kind == Piece::Kind::Fill;
+    std::size_t begin = 0;
+    for (std::size_t l = 0; l <= p.loops.size(); ++l) {
+        const std::size_t end = l < p.loops.size() ? p.loops[l] : p.points.size();
+        for (std::size_t k = begin; k + 1 < end; ++k) edge(p.points[k], p.points[k + 1]);
+        if (closed && end - begin > 2) edge(p.points[end - 1], p.points[begin]);
+        begin = end;
+    }
 }
 
-bool insidePolygon(Vec2 p, const std::vector<Vec2>& polygon) {
+// A piece's lines as the host measures entities.
+geometry::Shape shapeOf(const Piece& p) {
+    geometry::Shape shape;
+    if (p.points.size() == 1) shape.points.push_back(point3(p.points.front()));
+    else forEachEdge(p, [&](Vec2 a, Vec2 b) { shape.segments.push_back({point3(a), point3(b)}); });
+    return shape;
+}
+
+// Inside a fill: within an odd number of its loops, so that loops inside loops are holes.
+bool insideFill(const Piece& p, Vec2 at) {
+    if (p.kind != Piece::Kind::Fill || p.points.size() < 3) return false;
     bool inside = false;
-    for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
-        const Vec2 a = polygon[i], b = polygon[j];
-        if ((a.y > p.y) != (b.y > p.y) && p.x < (b.x - a.x) * (p.y - a.y) / (b.y - a.y) + a.x) inside = !inside;
+    std::size_t begin = 0;
+    for (std::size_t l = 0; l <= p.loops.size(); ++l) {
+        const std::size_t end = l < p.loops.size() ? p.loops[l] : p.points.size();
+        geometry::Polygon loop;
+        for (std::size_t k = begin; k < end; ++k) loop.push_back(point3(p.points[k]));
+        if (loop.size() > 2 && geometry::insidePolygon(loop, point3(at))) inside = !inside;
+        begin = end;
     }
     return inside;
-}
-
-// Cohen-Sutherland style test: does the segment meet the box?
-bool segmentMeetsBox(Vec2 a, Vec2 b, const Box2& box) {
-    auto code = [&](Vec2 p) {
-        return (p.x < box.x0 ? 1 : 0) | (p.x > box.x1 ? 2 : 0) | (p.y < box.y0 ? 4 : 0) | (p.y > box.y1 ? 8 : 0);
-    };
-    int ca = code(a), cb = code(b);
-    for (int guard = 0; guard < 8; ++guard) {
-        if (!(ca | cb)) return true;
-        if (ca & cb) return false;
-        const int out = ca ? ca : cb;
-        Vec2 p;
-        if (out & 8) p = {a.x + (b.x - a.x) * (box.y1 - a.y) / (b.y - a.y), box.y1};
-        else if (out & 4) p = {a.x + (b.x - a.x) * (box.y0 - a.y) / (b.y - a.y), box.y0};
-        else if (out & 2) p = {box.x1, a.y + (b.y - a.y) * (box.x1 - a.x) / (b.x - a.x)};
-        else p = {box.x0, a.y + (b.y - a.y) * (box.x0 - a.x) / (b.x - a.x)};
-        if (out == ca) a = p, ca = code(a);
-        else b = p, cb = code(b);
-    }
-    return false;
 }
 
 // The box a text run covers, estimated from its height and longest line.
@@ -104,8 +110,12 @@ int Scene::layerIndex(const std::string& name) {
 }
 
 void Scene::rebuild() {
+    ++revision_;
+    ++highlightRevision_;
     items_.clear();
     looks_.clear();
+    highlighted_.clear();
+    hidden_ = 0;
     itemByHandle_.clear();
     readLayers();
     Box2 bounds;
@@ -118,6 +128,7 @@ void Scene::rebuild() {
         return true;
     });
     looks_.assign(items_.size(), Look::Normal);
+    listed_.assign(items_.size(), false);
     grid_.reset(bounds, items_.size());
     for (std::uint32_t i = 0; i < items_.size(); ++i) grid_.insert(i, items_[i].box);
 }
@@ -152,6 +163,25 @@ void Scene::visit(const Box2& area, const std::function<void(const SceneItem&, L
     });
 }
 
+void Scene::visitHighlighted(const Box2& area, const std::function<void(const SceneItem&)>& draw) const {
+    std::size_t kept = 0;
+    for (std::uint32_t i : highlighted_) {
+        if (looks_[i] != Look::Highlighted) {
+            listed_[i] = false;
+            continue;
+        }
+        highlighted_[kept++] = i;
+        const SceneItem& item = items_[i];
+        if (item.box.intersects(area) && itemShown(item)) draw(item);
+    }
+    highlighted_.resize(kept);
+}
+
+const SceneItem* Scene::item(Handle entity) const {
+    const auto it = itemByHandle_.find(entity);
+    return it == itemByHandle_.end() ? nullptr : &items_[it->second];
+}
+
 std::optional<double> Scene::distance(const SceneItem& item, Vec2 at, double limit) const {
     std::optional<double> best;
     auto consider = [&](double d) {
@@ -160,17 +190,11 @@ std::optional<double> Scene::distance(const SceneItem& item, Vec2 at, double lim
     for (const Piece& p : item.pieces) {
         if (!layers_[p.layer].shown()) continue;
         if (p.kind == Piece::Kind::Text) {
-            const Box2 box = textBox(p);
-            if (box.contains(Box2{at.x, at.y, at.x, at.y})) consider(0);
-        } else if (p.kind == Piece::Kind::Fill && p.points.size() > 2 && insidePolygon(at, p.points)) {
+            if (textBox(p).contains(Box2{at.x, at.y, at.x, at.y})) consider(0);
+        } else if (insideFill(p, at)) {
             consider(0);
-        } else if (p.points.size() == 1) {
-            consider(std::hypot(at.x - p.points[0].x, at.y - p.points[0].y));
         } else {
-            for (std::size_t k = 0; k + 1 < p.points.size(); ++k)
-                consider(segmentDistance(at, p.points[k], p.points[k + 1]));
-            if (p.closed || p.kind == Piece::Kind::Fill)
-                consider(segmentDistance(at, p.points.back(), p.points.front()));
+            consider(geometry::distanceTo(shapeOf(p), point3(at)));
         }
     }
     return best;
@@ -190,17 +214,15 @@ std::optional<Handle> Scene::pick(Vec2 at, double tolerance) const {
 }
 
 bool Scene::crosses(const SceneItem& item, const Box2& area) const {
+    const geometry::Polygon window = geometry::rectangle({area.x0, area.y0, 0}, {area.x1, area.y1, 0});
     for (const Piece& p : item.pieces) {
         if (!layers_[p.layer].shown()) continue;
         if (p.kind == Piece::Kind::Text || p.points.size() == 1) {
             if (pieceBox(p).intersects(area)) return true;
             continue;
         }
-        for (std::size_t k = 0; k + 1 < p.points.size(); ++k)
-            if (segmentMeetsBox(p.points[k], p.points[k + 1], area)) return true;
-        if ((p.closed || p.kind == Piece::Kind::Fill) && segmentMeetsBox(p.points.back(), p.points.front(), area))
-            return true;
-        if (p.kind == Piece::Kind::Fill && insidePolygon(Vec2{area.x0, area.y0}, p.points)) return true;
+        // A window inside a fill meets it without touching an edge.
+        if (geometry::crossesPolygon(shapeOf(p), window) || insideFill(p, Vec2{area.x0, area.y0})) return true;
     }
     return false;
 }
@@ -223,7 +245,19 @@ std::vector<Handle> Scene::select(const Box2& area, bool crossing) const {
 bool Scene::setLook(Handle entity, Look look) {
     const auto it = itemByHandle_.find(entity);
     if (it == itemByHandle_.end()) return false;
-    looks_[it->second] = look;
+    const std::uint32_t i = it->second;
+    const Look old = looks_[i];
+    if (old == look) return true;
+    looks_[i] = look;
+    if (old == Look::Hidden || look == Look::Hidden) {
+        ++revision_;
+        hidden_ += look == Look::Hidden ? 1 : -1;
+    }
+    if (old == Look::Highlighted || look == Look::Highlighted) ++highlightRevision_;
+    if (look == Look::Highlighted && !listed_[i]) {
+        listed_[i] = true;
+        highlighted_.push_back(i);
+    }
     return true;
 }
 
@@ -232,14 +266,23 @@ Look Scene::look(Handle entity) const {
     return it == itemByHandle_.end() ? Look::Normal : looks_[it->second];
 }
 
-void Scene::clearLooks() { std::fill(looks_.begin(), looks_.end(), Look::Normal); }
+void Scene::clearLooks() {
+    if (hidden_ > 0) ++revision_;
+    if (!highlighted_.empty()) ++highlightRevision_;
+    std::fill(looks_.begin(), looks_.end(), Look::Normal);
+    std::fill(listed_.begin(), listed_.end(), false);
+    highlighted_.clear();
+    hidden_ = 0;
+}
 
 void Scene::layerChanged(Change, const std::string&) {
+    ++revision_;
     readLayers();
     if (changed_) changed_();
 }
 
 void Scene::entityChanged(Change change, std::uint64_t handle) {
+    ++revision_;
     const auto info = change == Change::Erased ? std::nullopt : drawing_.entity(handle);
     if (info && info->space == Space::Block) {
         // A block's contents changed: every reference may look different.
@@ -253,6 +296,7 @@ void Scene::entityChanged(Change change, std::uint64_t handle) {
         itemByHandle_.emplace(handle, index);
         items_.push_back(std::move(item));
         looks_.push_back(Look::Normal);
+        listed_.push_back(false);
         place(index);
     }
     if (changed_) changed_();

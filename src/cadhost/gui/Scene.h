@@ -52,6 +52,16 @@ public:
 
     // Items meeting the area that have a piece on a shown layer, with their looks.
     void visit(const Box2& area, const std::function<void(const SceneItem&, Look)>& draw) const;
+    // The highlighted items meeting the area, without looking at the others.
+    void visitHighlighted(const Box2& area, const std::function<void(const SceneItem&)>& draw) const;
+    const SceneItem* item(Handle entity) const;
+    // False when no entity is highlighted; true may still mean none.
+    bool anyHighlighted() const { return !highlighted_.empty(); }
+    // Counts up whenever what the drawing shows changes (geometry, layers, hidden entities),
+    // and, apart from it, whenever the highlighted set changes: a view keeps its picture of
+    // the drawing until the first moves and lays highlights over it.
+    std::uint64_t revision() const { return revision_; }
+    std::uint64_t highlightRevision() const { return highlightRevision_; }
     // The entity nearest to `at` within `tolerance` (world units), on a shown layer.
     std::optional<Handle> pick(Vec2 at, double tolerance) const;
     // Entities inside the area (window) or meeting it (crossing), on shown layers.
@@ -84,6 +94,11 @@ private:
     std::vector<SceneItem> items_;
     std::vector<Look> looks_;
     std::unordered_map<Handle, std::uint32_t> itemByHandle_;
+    // Items that were highlighted since the list was last tidied; `listed_` keeps each once.
+    mutable std::vector<std::uint32_t> highlighted_;
+    mutable std::vector<bool> listed_;
+    std::size_t hidden_ = 0;
+    std::uint64_t revision_ = 0, highlightRevision_ = 0;
     GridIndex grid_;
     std::function<void()> changed_;
     bool attached_ = true;

@@ -59,12 +59,15 @@ struct PieceColor {
 
 // One drawable piece of an entity in world coordinates.
 struct Piece {
-    enum class Kind : std::uint8_t { Stroke, Fill, Text, Dot };
+    // Segments: separate lines, two points each (hatch pattern lines).
+    enum class Kind : std::uint8_t { Stroke, Fill, Text, Dot, Segments };
     Kind kind = Kind::Stroke;
     bool closed = false;
     int layer = 0;            // index in the scene's layer table
     PieceColor color;
     std::vector<Vec2> points; // Text: the insertion point (left end of the base line)
+    // Fill: where the second and further loops begin in `points`; loops inside others are holes.
+    std::vector<std::uint32_t> loops;
     std::string text;         // lines separated by '\n'
     double height = 0, angle = 0;
 };

@@ -128,11 +128,13 @@ Value valueFromNode(Interpreter& interp, const ResBuf& node) {
 }
 
 Value valueFromChain(Interpreter& interp, const ResBufChain& chain) {
-    std::vector<Value> items;
     std::size_t pos = 0;
+    if (chain.empty()) return Value();
+    // Most results are one value; only more than one makes a list.
+    Value first = readChainValue(interp, chain, pos);
+    if (pos >= chain.size()) return first;
+    std::vector<Value> items{std::move(first)};
     while (pos < chain.size()) items.push_back(readChainValue(interp, chain, pos));
-    if (items.empty()) return Value();
-    if (items.size() == 1) return std::move(items.front());
     return makeList(items);
 }
 

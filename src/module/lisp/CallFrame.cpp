@@ -6,6 +6,7 @@
 namespace ardo {
 
 CallFrame::CallFrame() : chain_((host().retNil(), host().getArgs())) {
+    args_.reserve(chain_.size());
     for (size_t i = 0; i < chain_.size();) {
         size_t start = i;
         if (chain_[i].restype == RTLB) {
@@ -36,7 +37,7 @@ bool CallFrame::fits(ArgKind kind, const ResBuf& node) {
 }
 
 bool CallFrame::check(std::initializer_list<ArgDecl> declaration, ExtraArgs extra) {
-    usable_.assign(args_.size(), false);
+    usable_ = 0;
     size_t required = 0;
     for (const auto& d : declaration)
         if (d.presence == Presence::Required) ++required;
@@ -52,7 +53,7 @@ bool CallFrame::check(std::initializer_list<ArgDecl> declaration, ExtraArgs extr
             report("BadTypOfArg");
             return false;
         }
-        usable_[i] = ok;
+        if (i < kMostDeclared && ok) usable_ |= std::uint64_t{1} << i;
         ++i;
     }
     return true;

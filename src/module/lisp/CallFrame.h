@@ -4,6 +4,7 @@
 // type only, and prints "BadNumOfArg", "BadTypOfArg" or "BadValueOfArg" of section
 // "LCINIT" as they stand.
 #include <initializer_list>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
@@ -45,7 +46,7 @@ public:
     // Top-level arguments; a list argument spans its brackets.
     size_t count() const { return args_.size(); }
     // True when argument i is there and (after check) of its declared kind.
-    bool has(size_t i) const { return i < usable_.size() && usable_[i]; }
+    bool has(size_t i) const { return i < kMostDeclared && (usable_ >> i & 1u) != 0; }
     const ResBuf& node(size_t i) const { return chain_[args_[i].first]; }
     const std::string& text(size_t i) const { return node(i).text; }
     std::int64_t integer(size_t i) const { return node(i).integer; }
@@ -62,7 +63,10 @@ private:
 
     const ResBufChain& chain_;
     std::vector<std::pair<size_t, size_t>> args_;  // first node, node count
-    std::vector<bool> usable_;
+    // One bit per declared argument: no handler declares more than a few, and a frame is
+    // made for every module call.
+    static constexpr size_t kMostDeclared = 64;
+    std::uint64_t usable_ = 0;
 };
 
 }  // namespace ardo

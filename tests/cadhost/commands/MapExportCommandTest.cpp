@@ -7,7 +7,6 @@
 
 #include "CommandTestSupport.h"
 #include "cadhost/geometry/AreaOutline.h"
-#include "cadhost/geometry/PolylineVertices.h"
 #include "support/Ezdxf.h"
 #include "support/TempFolder.h"
 
@@ -113,24 +112,6 @@ TEST_F(MapExport, RefusesWhatItCannotWriteAndKeepsTheOldFiles) {
               ardo::RTERROR);
     EXPECT_NE(line.printed.find("Cannot write the shapefile"), std::string::npos) << line.printed;
     EXPECT_EQ(folder.names().size(), 4u) << "no temporary files are left behind";
-}
-
-TEST(AreaOutline, OldPolylinesCountWithoutTheirFramePointsAndMeshesDoNot) {
-    const std::vector<std::vector<EntityTag>> parts{
-        {{0, "VERTEX"}, {10, "0"}, {20, "0"}, {70, "0"}},
-        {{0, "VERTEX"}, {10, "99"}, {20, "99"}, {70, "16"}},   // a spline frame point
-        {{0, "VERTEX"}, {10, "4"}, {20, "0"}, {42, "0.5"}},
-        {{0, "VERTEX"}, {10, "4"}, {20, "3"}},
-        {{0, "ATTRIB"}, {10, "7"}, {20, "7"}},
-    };
-    const auto flat = geometry::polylineData({{0, "POLYLINE"}, {70, "1"}}, parts);
-    EXPECT_TRUE(flat.closed);
-    EXPECT_TRUE(flat.flat);
-    ASSERT_EQ(flat.vertices.size(), 3u);
-    EXPECT_EQ(flat.vertices[1].p[0], 4.0);
-    EXPECT_EQ(flat.vertices[1].bulge, 0.5);
-    EXPECT_FALSE(geometry::polylineData({{0, "POLYLINE"}, {70, "9"}}, parts).flat) << "a 3D polyline";
-    EXPECT_FALSE(geometry::polylineData({{0, "POLYLINE"}, {70, "16"}}, parts).flat) << "a mesh";
 }
 
 TEST(AreaOutline, PointsInALineEncloseNothingAndATriangleItsArea) {

@@ -24,23 +24,6 @@ void addLayer(Drawing& d, const std::string& name, int color) {
     ASSERT_EQ(d.addLayer(r), ardo::DbStatus::Ok);
 }
 
-TEST(EntityShapes, BulgeMakesArcThroughTheRightSide) {
-    std::vector<Vec2> points{{0, 0}};
-    appendBulge(points, {0, 0}, {2, 0}, 1.0);   // half circle, counter-clockwise: below the chord
-    ASSERT_GT(points.size(), 3u);
-    EXPECT_DOUBLE_EQ(points.back().x, 2);
-    double lowest = 0;
-    for (Vec2 p : points) {
-        EXPECT_NEAR(std::hypot(p.x - 1, p.y), 1.0, 1e-9);
-        lowest = std::min(lowest, p.y);
-    }
-    EXPECT_NEAR(lowest, -1.0, 0.01);
-
-    std::vector<Vec2> straight{{0, 0}};
-    appendBulge(straight, {0, 0}, {5, 5}, 0);
-    EXPECT_EQ(straight.size(), 2u);
-}
-
 TEST(EntityShapes, MTextCodesAreDroppedAndParagraphsBreak) {
     EXPECT_EQ(plainMText("{\\fArial|b1;Raum}\\PB\\H2.5;ü\\~1 \\S1^2;"), "Raum\nBü 1 1/2");
     EXPECT_EQ(plainMText("a\\\\b\\{c\\}"), "a\\b{c}");
@@ -82,6 +65,31 @@ TEST(EntityShapes, BlockContentsArePlacedScaledRotatedAndTakeTheReferenceLayerAn
     EXPECT_FALSE(pieces[1].color.byLayer);
     EXPECT_EQ(pieces[1].color.rgb, 0x00FF00u);
     EXPECT_NEAR(pieces[1].points[1].x, 8, 1e-9);
+}
+
+TEST(EntityShapes, WidePolylineSpansAreBandsAndSpansWithoutWidthStayLines) {
+    Drawing d;
+    // Constant width 2 on the first span, a taper from 0 to 4 on the second, none on the third.
+    auto h = d.makeEntity({{0, "LWPOLYLINE"}, {8, "0"}, {90, "4"}, {70, "0"}, {10, "0"}, {20, "0"}, {40, "2"}, {41, "2"},
+                           {10, "10"}, {20, "0"}, {40, "0"}, {41, "4"}, {10, "10"}, {20, "10"}, {10, "0"}, {20, "10"}});
+    ASSERT_TRUE(h);
+    EntityShapes shapes(d, [](const std::string&) { return 0; });
+    const auto pieces = shapes.shapes(*h);
+    ASSERT_EQ(pieces.size(), 3u);
+    ASSERT_EQ(pieces[0].kind, Piece::Kind::Fill);
+    Box2 band;
+    for (Vec2 v : pieces[0].points) band.add(v);
+    EXPECT_NEAR(band.y0, -1, 1e-9);
+    EXPECT_NEAR(band.y1, 1, 1e-9);
+    EXPECT_NEAR(band.x1 - band.x0, 10, 1e-9);
+    ASSERT_EQ(pieces[1].kind, Piece::Kind::Fill);
+    Box2 taper;
+    for (Vec2 v : pieces[1].points) taper.add(v);
+    // Narrow at (10,0), 4 wide at (10,10).
+    EXPECT_NEAR(taper.x0, 8, 1e-9);
+    EXPECT_NEAR(taper.x1, 12, 1e-9);
+    EXPECT_NEAR(taper.y0, 0, 1e-9);
+    EXPECT_EQ(pieces[2].kind, Piece::Kind::Stroke);
 }
 
 class SceneTest : public ::testing::Test {
@@ -161,6 +169,27 @@ TEST_F(SceneTest, LooksHideAndHighlightUntilCleared) {
     EXPECT_FALSE(scene.pick({5, 0}, 0.5));
     scene.clearLooks();
     EXPECT_EQ(scene.pick({5, 0}, 0.5), left);
+}
+
+TEST(SceneHatch, SolidHatchIsPickedInsideButNotInItsHole) {
+    Drawing d;
+    std::vector<EntityTag> tags{{0, "HATCH"}, {8, "0"}, {10, "0"}, {20, "0"}, {30, "0"}, {2, "SOLID"}, {70, "1"},
+                                {71, "0"}, {91, "2"}, {92, "2"}, {72, "0"}, {73, "1"}, {93, "4"}};
+    for (auto [x, y] : {std::pair{0, 0}, {10, 0}, {10, 10}, {0, 10}})
+        tags.insert(tags.end(), {{10, std::to_string(x)}, {20, std::to_string(y)}});
+    tags.insert(tags.end(), {{97, "0"}, {92, "2"}, {72, "0"}, {73, "1"}, {93, "4"}});
+    for (auto [x, y] : {std::pair{4, 4}, {6, 4}, {6, 6}, {4, 6}})
+        tags.insert(tags.end(), {{10, std::to_string(x)}, {20, std::to_string(y)}});
+    tags.insert(tags.end(), {{97, "0"}, {75, "0"}, {76, "1"}, {98, "0"}});
+    const auto hatch = d.makeEntity(tags);
+    ASSERT_TRUE(hatch);
+    Scene scene(d, Space::Model);
+    EXPECT_EQ(scene.pick({2, 2}, 0.1), hatch);
+    EXPECT_FALSE(scene.pick({5, 5}, 0.1));
+    EXPECT_EQ(scene.pick({5, 4.05}, 0.1), hatch);   // near the hole's edge
+    // A crossing window wholly inside the hatch meets it; one inside the hole does not.
+    EXPECT_EQ(scene.select(Box2{1, 1, 2, 2}, true), std::vector<Handle>{*hatch});
+    EXPECT_TRUE(scene.select(Box2{4.5, 4.5, 5.5, 5.5}, true).empty());
 }
 
 TEST(GridIndex, FindsExactlyWhatABruteForceSearchFinds) {

@@ -1,0 +1,41 @@
+#pragma once
+// Paints a scene into an image: the drawing as it stands (the part a view caches), and the
+// highlighted and selected entities over it. Hair lines go to a pixel canvas, fills and
+// texts to a painter; what is smaller than a pixel is a dot, small text a line.
+#include <QColor>
+#include <QImage>
+#include <QRect>
+#include <unordered_set>
+
+#include "cadhost/gui/Scene.h"
+
+namespace cadhost::gui {
+
+// Screen x = left + world x * scale, screen y = top - world y * scale.
+struct ViewTransform {
+    double left = 0, top = 0, scale = 1;
+    double x(double wx) const { return left + wx * scale; }
+    double y(double wy) const { return top - wy * scale; }
+    // The world box shown by the pixels of `r`.
+    Box2 world(const QRect& r) const;
+};
+
+class ScenePainter {
+public:
+    ScenePainter(const Scene& scene, QColor background) : scene_(scene), background_(background) {}
+
+    // The background and every shown entity whose box meets the pixels of `clip`.
+    void paintDrawing(QImage& image, QRect clip, const ViewTransform& view) const;
+    // Highlighted and selected entities drawn dashed over what `paintDrawing` left.
+    void paintHighlights(QImage& image, const ViewTransform& view, const std::unordered_set<Handle>& selected) const;
+
+private:
+    const Scene& scene_;
+    QColor background_;
+};
+
+// The colour an entity shows on the view's dark background: black turns white, as the
+// index colour 7 does.
+std::uint32_t screenColor(std::uint32_t rgb);
+
+}  // namespace cadhost::gui
