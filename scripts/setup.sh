@@ -9,6 +9,7 @@ packages=(
   libreadline-dev qt6-base-dev libchm-dev fp-utils
   python3 python3-ezdxf librecad xvfb xauth chromium
   poppler-utils xdotool imagemagick
+  libshp-dev python3-pyshp
   dpkg-dev lintian man-db
 )
 

@@ -1,5 +1,6 @@
 #include "module/LispFunctionTable.h"
 
+#include "module/AreaShape.h"
 #include "module/ModuleFunctions.h"
 #include "module/ModuleInit.h"
 #include "module/UnavailableFunctions.h"

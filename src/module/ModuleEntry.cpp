@@ -1,20 +1,16 @@
 #include "module/ModuleEntry.h"
 
-#include <filesystem>
-
 #include "base/CaseFold.h"
 #include "module/HostBinding.h"
 #include "boundary/AppMessages.h"
 #include "module/CommandStubFile.h"
+#include "module/DockingPaneHooks.h"
 #include "module/LispFunctionTable.h"
 #include "module/ModuleInit.h"
 #include "module/ModuleState.h"
-#include "module/ProgramStart.h"
-#include "module/paths/CurrentDirectoryGuard.h"
-#include "module/paths/UserPaths.h"
+#include "module/UpdateCheck.h"
 #include "messages/MessageFile.h"
 #include "settings/ModuleFiles.h"
-#include "settings/ProfileString.h"
 
 namespace ardo {
 
@@ -23,23 +19,6 @@ namespace {
 std::string programVariable() {
     ResBuf program;
     return host().getVar("PROGRAM", program) == RTNORM ? upperCase(program.text) : std::string();
-}
-
-// Starts the suite's updater with the argument 1 when "ArdoUpdate.ini" asks for it and the
-// updater is installed.
-void runUpdateCheck() {
-    std::string updateIni;
-    {
-        CurrentDirectoryGuard keep;
-        provideUserFile(updateIni, "ArdoUpdate.ini", "", "", true);
-    }
-    const auto check = GetPrivateProfileStringW("UPDATER", "CheckOnStartup", "0", 32, updateIni).text;
-    if (check != "1") return;
-    std::string folder = moduleFiles().programFolder;
-    while (!folder.empty() && folder.back() == '/') folder.pop_back();
-    const std::string updater = folder + "/ZV_Updater";
-    std::error_code ec;
-    if (std::filesystem::is_regular_file(updater, ec)) startProgram(updater, {"1"});
 }
 
 void startUp() {
@@ -51,6 +30,11 @@ void startUp() {
     initialiseModule();
     // OLE and the Windows docking toolkit's library have no counterpart: Qt brings its own.
     runUpdateCheck();
+    if (dockingPaneHooks().install) dockingPaneHooks().install();
+}
+
+void releasePanes() {
+    if (dockingPaneHooks().release) dockingPaneHooks().release();
 }
 
 void loadDocument() {
@@ -62,6 +46,7 @@ void loadDocument() {
 }
 
 void quit() {
+    releasePanes();
     moduleFiles().release();
     MessageFile::instance().release();
 }
@@ -75,7 +60,10 @@ int moduleEntryPoint(int message, void* appId) {
         case kInitAppMsg: startUp(); break;
         case kLoadDwgMsg: loadDocument(); break;
         case kInvkSubrMsg: dispatchFunction(lispFunctionTable()); break;
-        case kUnloadAppMsg: unregisterFunctions(lispFunctionTable()); break;
+        case kUnloadAppMsg:
+            releasePanes();
+            unregisterFunctions(lispFunctionTable());
+            break;
         case kQuitMsg: quit(); break;
         default: break;
     }

@@ -39,7 +39,6 @@ int C_kemb_HighlightOptions() {
     if (LispHandler h = dialogHandlers().highlightOptions) return h();
     return notAvailable("kemb_HighlightOptions", true);
 }
-int kemb_MakeAreaShape() { return notAvailable("kemb_MakeAreaShape", false); }
 
 }  // namespace ardo::handlers
 

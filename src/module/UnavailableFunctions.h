@@ -1,6 +1,6 @@
 #pragma once
-// Functions of the table whose work (the layer dialog, highlighting, the colour dialog,
-// area shapes) this build does not contain yet. Each tells the user so on the command
+// Functions of the table whose work (the layer dialog, highlighting, the colour dialog)
+// this build does not contain yet. Each tells the user so on the command
 // line, with the message file's "NotAvailable" text, and returns nil. The dialog functions
 // go to their dialogs once the module file has installed them.
 
@@ -12,6 +12,5 @@ int C_Kemb_EditLayers();
 int kemb_ColorDialog();
 int kemb_Highlight();
 int C_kemb_HighlightOptions();
-int kemb_MakeAreaShape();
 
 }  // namespace ardo::handlers

@@ -41,7 +41,7 @@ inline const std::vector<TableRow>& tableRows() {
         {"kemb_Highlight", ""},
         {"C:kemb_HighlightOptions", ""},
         {"kemb_GetLayerRgbColor", "SS"},
-        {"kemb_MakeAreaShape", ""},
+        {"kemb_MakeAreaShape", "SAsa", true},
         {"kemb_mkLayerKey", ""},
         {"kemb_iniSchreiben", "SSS"},
         {"kemb_findfile", "S"},

@@ -11,14 +11,16 @@ namespace ardo::test {
 
 inline constexpr const char* kNoEzdxf = "python3 with ezdxf (Debian python3-ezdxf) is not installed";
 
-// A python3 that can import ezdxf, or nothing. The Debian package installs into the system
-// interpreter, which a user's own python3 earlier on PATH may not see.
+// A python3 that can import the module, or nothing. Debian's python3-* packages install into
+// the system interpreter, which a user's own python3 earlier on PATH may not see.
+inline std::optional<std::string> pythonWith(const std::string& module) {
+    for (const char* candidate : {"python3", "/usr/bin/python3"})
+        if (runProcess({candidate, "-c", "import " + module}).exitCode == 0) return std::string(candidate);
+    return std::nullopt;
+}
+
 inline std::optional<std::string> pythonWithEzdxf() {
-    static const std::optional<std::string> found = []() -> std::optional<std::string> {
-        for (const char* candidate : {"python3", "/usr/bin/python3"})
-            if (runProcess({candidate, "-c", "import ezdxf"}).exitCode == 0) return std::string(candidate);
-        return std::nullopt;
-    }();
+    static const std::optional<std::string> found = pythonWith("ezdxf");
     return found;
 }
 

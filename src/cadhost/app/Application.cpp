@@ -138,6 +138,7 @@ int Application::regFunc(ardo::LispHandler handler, int code) {
 int Application::queueExpr(const std::string& expression) {
     if (!current_) return ardo::RTERROR;
     current_->lisp().queueExpression(expression);
+    ui_.expressionQueued();
     return ardo::RTNORM;
 }
 

@@ -64,6 +64,9 @@ public:
     // when nothing was hit; nothing when there is no view to pick in.
     virtual std::optional<int> pickEntity(const std::string& prompt, std::int64_t& entity,
                                           ardo::Point3& point) = 0;
+    // A module queued a LISP expression. The console runs it after the next input; a window
+    // runs it as soon as nothing is in progress, since a pane's click is input of its own.
+    virtual void expressionQueued() {}
 };
 
 }  // namespace cadhost

@@ -67,6 +67,7 @@ std::unique_ptr<Command> makeQsaveCommand(Context& context);
 std::unique_ptr<Command> makeSaveasCommand(Context& context);
 std::unique_ptr<Command> makeMenuloadCommand(Context& context);
 std::unique_ptr<Command> makeMenuunloadCommand(Context& context);
+std::unique_ptr<Command> makeMapExportCommand(Context& context);
 
 }  // namespace commands
 }  // namespace cadhost

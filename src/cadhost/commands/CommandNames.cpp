@@ -38,10 +38,12 @@ constexpr CommandEntry kCommands[] = {
     {"MATCHPROP", makeMatchpropCommand},
     {"LAYCUR", makeLaycurCommand},
     {"LAYMCUR", makeLaymcurCommand},
+    {"MAPEXPORT", makeMapExportCommand},
 };
 
-// Commands that have a "-" command-line form beside their dialog.
-bool hasDashForm(std::string_view name) { return name == "LAYER"; }
+// Commands that have a "-" command-line form beside their dialog (MAPEXPORT is known by
+// its dash form from GIS hosts; here both forms prompt on the command line).
+bool hasDashForm(std::string_view name) { return name == "LAYER" || name == "MAPEXPORT"; }
 
 }  // namespace
 

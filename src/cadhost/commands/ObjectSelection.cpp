@@ -185,14 +185,19 @@ ObjectSelection::Outcome ObjectSelection::add(const std::vector<std::int64_t>& f
 SelectingCommand::SelectingCommand(Context& context)
     : context_(context), selection_(*context.drawing, context.previousSelection, context.selectionMembers) {}
 
-Step SelectingCommand::take(const ardo::ResBuf& input) {
-    const ObjectSelection::Voice voice{[this](const std::string& text) { context_.echo(text); },
-                                       [this](const std::string& text) { context_.message(text); }};
-    switch (selection_.take(input, voice)) {
+std::optional<Step> takeObjects(ObjectSelection& selection, const ardo::ResBuf& input, const Context& context) {
+    const ObjectSelection::Voice voice{[&context](const std::string& text) { context.echo(text); },
+                                       [&context](const std::string& text) { context.message(text); }};
+    switch (selection.take(input, voice)) {
         case ObjectSelection::Outcome::More: return Step::More;
         case ObjectSelection::Outcome::Refused: return Step::Refused;
         case ObjectSelection::Outcome::Done: break;
     }
+    return std::nullopt;
+}
+
+Step SelectingCommand::take(const ardo::ResBuf& input) {
+    if (const auto going = takeObjects(selection_, input, context_)) return *going;
     return selected(selection_.selected());
 }
 

@@ -4,6 +4,7 @@
 // CPolygon, Last, ALL, Previous, Add and Remove, ended by Enter.
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -58,6 +59,10 @@ private:
     bool implied_ = false;
     std::vector<ardo::Point3> points_;
 };
+
+// One input of a command's "Select objects:" prompt, with the counts echoed and complaints
+// shown on the command line: More or Refused while it goes on, nothing once Enter ended it.
+std::optional<Step> takeObjects(ObjectSelection& selection, const ardo::ResBuf& input, const Context& context);
 
 // A command whose input is one "Select objects:" prompt, with the counts echoed and
 // complaints shown on the command line; `selected` acts on what Enter ended with.

@@ -549,6 +549,17 @@ void CadWindow::redrawEntity(std::int64_t entity, int mode) {
     }
 }
 
+void CadWindow::expressionQueued() {
+    QTimer::singleShot(0, this, [this] {
+        // Inside a command, a prompt or a dialog the expression waits for the next input line.
+        if (!app_ || !app_->hasDocument() || waiting_ || QApplication::activeModalWidget() ||
+            app_->commands().active())
+            return;
+        app_->idle();
+        refresh();
+    });
+}
+
 void CadWindow::updateDisplay() {
     displayPending_ = false;
     if (auto* view = currentView()) view->update();

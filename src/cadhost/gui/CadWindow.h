@@ -83,6 +83,7 @@ public:
     void updateDisplay() override;
     std::optional<int> chooseColor(ardo::HostColor& color, bool allowMetaColors) override;
     std::optional<int> pickEntity(const std::string& prompt, std::int64_t& entity, ardo::Point3& point) override;
+    void expressionQueued() override;
 
     // --- MainWindow ---------------------------------------------------------------------
     QWidget* widget() override { return this; }

@@ -6,7 +6,11 @@
 #include "highlight/HighlightCommand.h"
 #include "help/Help.h"
 #include "help/window/HelpWindow.h"
+#include "module/DockingPaneHooks.h"
 #include "module/ModuleEntry.h"
+#include "panes/DockingPaneManager.h"
+#include "panes/PaneHost.h"
+#include "panes/CKEMB_XTPDockingPaneManager.h"
 #include "standard/LayerStandardRun.h"
 #include "settings/ModuleFiles.h"
 
@@ -25,6 +29,7 @@ void installWindows() {
     ardo::setProductWindowOpener(ardo::openProductWindow);
     ardo::installLayerDialogHandlers();
     ardo::installHighlightHandlers();
+    ardo::dockingPaneHooks() = {[] { ardo::dockingPaneManager(); }, ardo::releaseDockingPaneManager};
 }
 
 __attribute__((constructor)) void attachProcess() {
@@ -48,3 +53,8 @@ extern "C" __attribute__((visibility("default"))) int ardoLayerStandard(ArdoStan
 
 // The version the module was built as, for the host's --version.
 extern "C" __attribute__((visibility("default"))) const char* ardoModuleVersion() { return ARDO_VERSION; }
+
+// The suite's one docking pane manager, for every module that adds panes to the main window.
+extern "C" __attribute__((visibility("default"))) ardo::DockingPaneManager* Kemb_GetAcadDockingPaneManager() {
+    return ardo::dockingPaneManager();
+}

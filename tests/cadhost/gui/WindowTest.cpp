@@ -325,3 +325,25 @@ TEST_F(WindowTest, ChoosingALayerWithObjectsSelectedMovesThem) {
 
 }  // namespace
 }  // namespace cadhost::gui
+
+namespace cadhost::gui {
+namespace {
+
+// A pane's click queues LISP for the drawing; the window runs it once nothing is in progress.
+TEST_F(WindowTest, QueuedExpressionsRunWhenTheWindowIsIdleAndWaitForACommandToEnd) {
+    app->queueExpr("(princ \"queued ran\")\n");
+    QTRY_VERIFY_WITH_TIMEOUT(window->commandDock()->text().contains("queued ran"), 2000);
+
+    type("LINE");
+    ASSERT_TRUE(app->commands().active());
+    app->queueExpr("(princ \"after the line\")\n");
+    QTest::qWait(100);
+    EXPECT_FALSE(window->commandDock()->text().contains("after the line")) << "not in the middle of LINE";
+    QTest::keyClick(window->commandDock()->input(), Qt::Key_Escape);
+    QTRY_VERIFY_WITH_TIMEOUT(!app->commands().active(), 2000);
+    type("");
+    QTRY_VERIFY_WITH_TIMEOUT(window->commandDock()->text().contains("after the line"), 2000);
+}
+
+}  // namespace
+}  // namespace cadhost::gui
