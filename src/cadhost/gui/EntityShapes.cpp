@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/CaseFold.h"
 #include "cadhost/colors/AciPalette.h"
 #include "cadhost/geometry/Hatch.h"
 #include "cadhost/geometry/Paths.h"
@@ -85,6 +86,36 @@ std::string plainMText(const std::string& value) {
     return out;
 }
 
+PieceLine EntityShapes::lineOf(const Groups& t, const Context& context) const {
+    PieceLine line;
+    line.dashScale = t.get(48, 1) * context.place.scale();
+    if (const std::string* name = t.text(6); name && !ardo::equalsNoCase(*name, "BYLAYER")) {
+        line.dashesByLayer = false;
+        if (!ardo::equalsNoCase(*name, "BYBLOCK")) {
+            line.dashes = pattern_(*name);
+        } else if (context.depth > 0) {
+            // The reference's pattern at the reference's scale.
+            line.dashes = context.blockLine.dashes;
+            line.dashScale = context.blockLine.dashScale;
+        }
+    }
+    line.weight = static_cast<int>(t.get(370, -1));
+    // ByBlock outside a block draws as the default.
+    if (line.weight == -2) line.weight = context.depth > 0 ? context.blockLine.weight : -3;
+    return line;
+}
+
+PieceLine EntityShapes::inheritedLine(PieceLine line, const std::string& layer) const {
+    if (!line.dashesByLayer && line.weight != -1) return line;
+    const auto record = drawing_.findLayer(layer);
+    if (line.dashesByLayer) {
+        line.dashesByLayer = false;
+        if (record) line.dashes = pattern_(record->linetype);
+    }
+    if (line.weight == -1) line.weight = record ? record->lineweight : -3;
+    return line;
+}
+
 std::vector<Piece> EntityShapes::shapes(Handle entity) {
     std::vector<Piece> out;
     add(entity, Context{}, out);
@@ -110,6 +141,7 @@ void EntityShapes::add(Handle entity, const Context& context, std::vector<Piece>
         color = {false, aciRgb(aci)};
     }
     const Affine& place = context.place;
+    const PieceLine lineStyle = lineOf(t, context);
 
     auto piece = [&](Piece::Kind kind, std::vector<Vec2> points, bool closed = false) {
         Piece p;
@@ -117,6 +149,7 @@ void EntityShapes::add(Handle entity, const Context& context, std::vector<Piece>
         p.closed = closed;
         p.layer = layer;
         p.color = color;
+        p.line = lineStyle;
         for (Vec2& v : points) v = place.apply(v);
         p.points = std::move(points);
         out.push_back(std::move(p));
@@ -151,7 +184,7 @@ void EntityShapes::add(Handle entity, const Context& context, std::vector<Piece>
         text({at.x + height * std::sin(a), at.y - height * std::cos(a)}, height, angle, plainMText(value));
     } else if (type == "INSERT" || type == "DIMENSION") {
         if (context.depth >= kMaxDepth) return;
-        Context inner{place, layer, color, context.depth + 1};
+        Context inner{place, layer, color, inheritedLine(lineStyle, layerName ? *layerName : "0"), context.depth + 1};
         addInsert(tagList, entity, inner, context, out);
     } else if (const auto hatch = geometry::hatchOf(tagList, kCircleSegments)) {
         if (hatch->solid && !hatch->loops.empty()) {

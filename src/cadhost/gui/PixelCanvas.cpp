@@ -38,6 +38,28 @@ bool PixelCanvas::clipLine(double& x0, double& y0, double& x1, double& y1) const
 }
 
 void PixelCanvas::line(double x0, double y0, double x1, double y1) {
+    if (width_ == 1) return hairLine(x0, y0, x1, y1);
+    // A wide line is hair lines side by side, offset across its run, each dashed alike.
+    const bool steep = std::fabs(y1 - y0) > std::fabs(x1 - x0);
+    const int phase = phase_;
+    int end = phase;
+    for (int k = 0; k < width_; ++k) {
+        const double offset = k - (width_ - 1) / 2.0;
+        phase_ = phase;
+        if (steep) hairLine(x0 + offset, y0, x1 + offset, y1);
+        else hairLine(x0, y0 + offset, x1, y1 + offset);
+        if (k == 0) end = phase_;
+    }
+    phase_ = end;
+}
+
+void PixelCanvas::dot(double x, double y) {
+    if (width_ == 1) return pixel(x, y);
+    for (int i = 0; i < width_; ++i)
+        for (int k = 0; k < width_; ++k) pixel(x + i - (width_ - 1) / 2.0, y + k - (width_ - 1) / 2.0);
+}
+
+void PixelCanvas::hairLine(double x0, double y0, double x1, double y1) {
     if (!std::isfinite(x0 + y0 + x1 + y1) || !clipLine(x0, y0, x1, y1)) return;
     int ax = static_cast<int>(std::lround(x0)), ay = static_cast<int>(std::lround(y0));
     const int bx = static_cast<int>(std::lround(x1)), by = static_cast<int>(std::lround(y1));
@@ -55,7 +77,7 @@ void PixelCanvas::line(double x0, double y0, double x1, double y1) {
     }
 }
 
-void PixelCanvas::dot(double x, double y) {
+void PixelCanvas::pixel(double x, double y) {
     if (!std::isfinite(x + y)) return;
     const int ix = static_cast<int>(std::lround(x)), iy = static_cast<int>(std::lround(y));
     if (ix >= left_ && ix <= right_ && iy >= top_ && iy <= bottom_) put(ix, iy);

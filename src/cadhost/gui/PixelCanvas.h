@@ -4,6 +4,7 @@
 // solid and dashed lines take this path and only fills, texts and wide lines a painter's.
 #include <QImage>
 #include <QRect>
+#include <algorithm>
 #include <cstdint>
 
 namespace cadhost::gui {
@@ -19,6 +20,8 @@ public:
         on_ = on, off_ = off;
         phase_ = 0;
     }
+    // Lines this many pixels wide, across their run (1 is a hair line).
+    void setWidth(int pixels) { width_ = std::max(1, pixels); }
     // A new chain: the dash pattern starts over.
     void restartDash() { phase_ = 0; }
 
@@ -27,6 +30,8 @@ public:
 
 private:
     bool clipLine(double& x0, double& y0, double& x1, double& y1) const;
+    void hairLine(double x0, double y0, double x1, double y1);
+    void pixel(double x, double y);
     void put(int x, int y) {
         if (on_ > 0) {
             const bool drawn = phase_ < on_;
@@ -41,6 +46,7 @@ private:
     int left_, top_, right_, bottom_;   // inclusive
     std::uint32_t color_ = 0xFFFFFFFF;
     int on_ = 0, off_ = 0, phase_ = 0;
+    int width_ = 1;
 };
 
 }  // namespace cadhost::gui

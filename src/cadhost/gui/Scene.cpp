@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "cadhost/colors/AciPalette.h"
+#include "cadhost/geometry/Linetypes.h"
 #include "cadhost/geometry/Queries.h"
 #include "cadhost/gui/EntityShapes.h"
 
@@ -96,8 +97,45 @@ void Scene::readLayers() {
         layer.off = record.isOff;
         layer.frozen = record.isFrozen;
         layer.locked = record.isLocked;
+        layer.dashes = pattern(record.linetype);
+        layer.lineweight = record.lineweight;
         return true;
     });
+}
+
+const std::vector<double>& Scene::pattern(const std::string& linetype) {
+    const std::string key = foldName(linetype);
+    if (const auto it = patterns_.find(key); it != patterns_.end()) return it->second;
+    auto found = geometry::linetypePattern(drawing_, linetype).value_or(std::vector<double>{});
+    // A pattern with no length at all cannot be walked: it draws solid.
+    double period = 0;
+    for (double e : found) period += std::fabs(e);
+    if (period <= 0) found.clear();
+    return patterns_.emplace(key, std::move(found)).first->second;
+}
+
+void Scene::readVariables() {
+    const auto scale = drawing_.getVar("LTSCALE");
+    linetypeScale_ = scale && scale->real > 0 ? scale->real : 1.0;
+    const auto display = drawing_.getVar("LWDISPLAY");
+    lineweightsShown_ = display && display->integer != 0;
+    const auto fallback = drawing_.getVar("LWDEFAULT");
+    defaultLineweight_ = fallback && fallback->integer >= 0 ? static_cast<int>(fallback->integer) : 25;
+}
+
+void Scene::linetypeChanged(Change, const std::string&) {
+    // Entities keep the patterns they were read with until the next regeneration.
+    patterns_.clear();
+    ++revision_;
+    readLayers();
+    if (changed_) changed_();
+}
+
+void Scene::variableChanged(const std::string& name) {
+    if (name != "LTSCALE" && name != "LWDISPLAY" && name != "LWDEFAULT") return;
+    ++revision_;
+    readVariables();
+    if (changed_) changed_();
 }
 
 int Scene::layerIndex(const std::string& name) {
@@ -117,6 +155,8 @@ void Scene::rebuild() {
     highlighted_.clear();
     hidden_ = 0;
     itemByHandle_.clear();
+    patterns_.clear();
+    readVariables();
     readLayers();
     Box2 bounds;
     drawing_.forEachEntity([&](const EntityInfo& info) {
@@ -134,7 +174,9 @@ void Scene::rebuild() {
 }
 
 SceneItem Scene::itemOf(Handle handle) {
-    EntityShapes shapes(drawing_, [this](const std::string& name) { return layerIndex(name); });
+    EntityShapes shapes(
+        drawing_, [this](const std::string& name) { return layerIndex(name); },
+        [this](const std::string& name) -> const std::vector<double>& { return pattern(name); });
     SceneItem item{handle, {}, shapes.shapes(handle)};
     for (const Piece& p : item.pieces) item.box.add(pieceBox(p));
     return item;

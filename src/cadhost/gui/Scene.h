@@ -20,6 +20,8 @@ struct SceneLayer {
     std::string name;
     std::uint32_t rgb = 0xFFFFFF;
     bool off = false, frozen = false, locked = false;
+    std::vector<double> dashes{};   // its linetype's pattern; empty is solid
+    int lineweight = -3;
     bool shown() const { return !off && !frozen; }
 };
 
@@ -46,6 +48,11 @@ public:
     void setChanged(std::function<void()> changed) { changed_ = std::move(changed); }
 
     const std::vector<SceneLayer>& layers() const { return layers_; }
+    // $LTSCALE, which scales every pattern.
+    double linetypeScale() const { return linetypeScale_; }
+    // Lineweights are shown (LWDISPLAY), and what the default lineweight is (LWDEFAULT).
+    bool lineweightsShown() const { return lineweightsShown_; }
+    int defaultLineweight() const { return defaultLineweight_; }
     // The box around everything on layers that are shown; empty for an empty drawing.
     Box2 extents() const;
     std::size_t size() const { return items_.size(); }
@@ -76,10 +83,14 @@ public:
     // --- DrawingListener --------------------------------------------------------------
     void layerChanged(Change, const std::string&) override;
     void entityChanged(Change change, std::uint64_t handle) override;
+    void linetypeChanged(Change, const std::string&) override;
+    void variableChanged(const std::string& name) override;
 
 private:
     int layerIndex(const std::string& name);
     void readLayers();
+    void readVariables();
+    const std::vector<double>& pattern(const std::string& linetype);
     SceneItem itemOf(Handle handle);
     void place(std::uint32_t index);
     bool itemShown(const SceneItem& item) const;
@@ -91,6 +102,10 @@ private:
     Space space_;
     std::vector<SceneLayer> layers_;
     std::unordered_map<std::string, int> layerByName_;   // folded name
+    std::unordered_map<std::string, std::vector<double>> patterns_;   // folded linetype name
+    double linetypeScale_ = 1;
+    bool lineweightsShown_ = false;
+    int defaultLineweight_ = 25;
     std::vector<SceneItem> items_;
     std::vector<Look> looks_;
     std::unordered_map<Handle, std::uint32_t> itemByHandle_;

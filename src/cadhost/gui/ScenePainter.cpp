@@ -19,6 +19,11 @@ constexpr double kTextDotPixels = 3, kTextLinePixels = 7;
 // which gaps would not mark, get a dashed outline of this colour.
 constexpr std::uint32_t kHighlight = 0xFF5AB4FF;
 constexpr int kGap = 3, kDash = 5;
+// A linetype whose pattern repeats within this many pixels draws solid: its dashes would
+// not show, and walking them would cost more than the line.
+constexpr double kSolidPeriod = 1.5;
+// Pixels a millimetre of lineweight takes on a screen of 96 dots an inch.
+constexpr double kPixelsPerMillimetre = 96 / 25.4;
 
 QColor shown(std::uint32_t rgb, bool faded, QColor background) {
     const std::uint32_t c = screenColor(rgb);
@@ -48,7 +53,9 @@ struct Deferred {
 class ItemDrawer {
 public:
     ItemDrawer(const Scene& scene, PixelCanvas& canvas, const ViewTransform& view, QColor background)
-        : layers_(scene.layers()), canvas_(canvas), view_(view), background_(background) {}
+        : layers_(scene.layers()), canvas_(canvas), view_(view), background_(background),
+          linetypeScale_(scene.linetypeScale()), lineweights_(scene.lineweightsShown()),
+          defaultLineweight_(scene.defaultLineweight()) {}
 
     std::vector<Deferred> fills, texts;
 
@@ -61,6 +68,9 @@ public:
             if (!layer.shown()) continue;
             const std::uint32_t rgb = p.color.byLayer ? layer.rgb : p.color.rgb;
             QColor color = shown(rgb, layer.locked, background_);
+            canvas_.setWidth(lineweights_ ? pixelWidth(p.line.weight, layer) : 1);
+            dashes_.clear();
+            if (!highlight) usePattern(p, layer);
             if (highlight) {
                 // A dot has no length to dash: it takes the colour.
                 const bool outlined = p.kind == Piece::Kind::Fill || p.kind == Piece::Kind::Text;
@@ -100,6 +110,51 @@ public:
     }
 
 private:
+    int pixelWidth(int weight, const SceneLayer& layer) const {
+        if (weight == -1) weight = layer.lineweight;
+        if (weight < 0) weight = defaultLineweight_;
+        return std::max(1, static_cast<int>(std::lround(weight / 100.0 * kPixelsPerMillimetre)));
+    }
+
+    // The piece's dash pattern in pixels, or none when it is solid or too fine to show.
+    void usePattern(const Piece& p, const SceneLayer& layer) {
+        const std::vector<double>& pattern = p.line.dashesByLayer ? layer.dashes : p.line.dashes;
+        if (pattern.empty()) return;
+        const double scale = p.line.dashScale * linetypeScale_ * view_.scale;
+        double period = 0;
+        for (double e : pattern) period += std::fabs(e) * scale;
+        if (!(period >= kSolidPeriod)) return;
+        for (double e : pattern) dashes_.push_back(e * scale);
+    }
+
+    void restartPattern() {
+        canvas_.restartDash();
+        dash_ = 0;
+        if (!dashes_.empty()) dashLeft_ = std::fabs(dashes_[0]);
+    }
+
+    // One line of a chain, cut into the pattern's dashes, gaps and dots; the pattern runs
+    // on into the next line.
+    void stroke(double x0, double y0, double x1, double y1) {
+        if (dashes_.empty()) return canvas_.line(x0, y0, x1, y1);
+        const double length = std::hypot(x1 - x0, y1 - y0);
+        const double ux = length > 0 ? (x1 - x0) / length : 0, uy = length > 0 ? (y1 - y0) / length : 0;
+        double at = 0;
+        for (;;) {
+            const double element = dashes_[dash_];
+            const double step = std::min(dashLeft_, length - at);
+            if (element > 0 && step > 0)
+                canvas_.line(x0 + ux * at, y0 + uy * at, x0 + ux * (at + step), y0 + uy * (at + step));
+            else if (element == 0)
+                canvas_.dot(x0 + ux * at, y0 + uy * at);
+            at += step;
+            dashLeft_ -= step;
+            if (dashLeft_ > 0) return;   // the line ends inside this element
+            dash_ = (dash_ + 1) % dashes_.size();
+            dashLeft_ = std::fabs(dashes_[dash_]);
+        }
+    }
+
     // Each loop of a fill.
     void outline(const Piece& p) {
         std::size_t begin = 0;
@@ -112,7 +167,7 @@ private:
 
     // A chain of lines; points closer than a pixel to the last one drawn are passed over.
     void chain(const std::vector<Vec2>& points, bool closed) {
-        canvas_.restartDash();
+        restartPattern();
         double lx = view_.x(points.front().x), ly = view_.y(points.front().y);
         const double fx = lx, fy = ly;
         if (points.size() == 1) canvas_.dot(lx, ly);
@@ -123,10 +178,10 @@ private:
             if (i >= points.size()) i = points.size() - 1;   // the last point always
             const double x = view_.x(points[i].x), y = view_.y(points[i].y);
             if (i + 1 < points.size() && std::fabs(x - lx) < 1 && std::fabs(y - ly) < 1) continue;
-            canvas_.line(lx, ly, x, y);
+            stroke(lx, ly, x, y);
             lx = x, ly = y;
         }
-        if (closed && points.size() > 2) canvas_.line(lx, ly, fx, fy);
+        if (closed && points.size() > 2) stroke(lx, ly, fx, fy);
     }
 
     void text(const Piece& p, QColor color, bool highlight) {
@@ -158,6 +213,12 @@ private:
     PixelCanvas& canvas_;
     const ViewTransform& view_;
     QColor background_;
+    double linetypeScale_;
+    bool lineweights_;
+    int defaultLineweight_;
+    std::vector<double> dashes_;   // the current piece's pattern in pixels; empty is solid
+    std::size_t dash_ = 0;
+    double dashLeft_ = 0;
 };
 
 void paintDeferred(QImage& image, QRect clip, const ViewTransform& view, const std::vector<Deferred>& fills,

@@ -57,6 +57,14 @@ struct PieceColor {
     std::uint32_t rgb = 0;   // 0xRRGGBB when not by layer
 };
 
+// How a piece's lines are drawn: the dash pattern of its linetype and its lineweight.
+struct PieceLine {
+    bool dashesByLayer = true;   // the layer's pattern instead of `dashes`
+    std::vector<double> dashes{};  // drawing units: dashes > 0, gaps < 0, dots 0; empty is solid
+    double dashScale = 1;        // the entity's linetype scale, times a block's scale
+    int weight = -1;             // hundredths of a millimetre; -1 the layer's, -3 the default
+};
+
 // One drawable piece of an entity in world coordinates.
 struct Piece {
     // Segments: separate lines, two points each (hatch pattern lines).
@@ -65,6 +73,7 @@ struct Piece {
     bool closed = false;
     int layer = 0;            // index in the scene's layer table
     PieceColor color;
+    PieceLine line;
     std::vector<Vec2> points; // Text: the insertion point (left end of the base line)
     // Fill: where the second and further loops begin in `points`; loops inside others are holes.
     std::vector<std::uint32_t> loops;

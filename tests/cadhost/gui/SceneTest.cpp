@@ -17,6 +17,12 @@ Handle addLine(Drawing& d, double x0, double y0, double x1, double y1, const std
     return h.value_or(0);
 }
 
+// Every linetype solid: these tests look at geometry only.
+const std::vector<double>& solid(const std::string&) {
+    static const std::vector<double> none;
+    return none;
+}
+
 void addLayer(Drawing& d, const std::string& name, int color) {
     ardo::LayerRecord r;
     r.name = name;
@@ -51,7 +57,7 @@ TEST(EntityShapes, BlockContentsArePlacedScaledRotatedAndTakeTheReferenceLayerAn
     ASSERT_TRUE(insert);
 
     int walls = -1;
-    EntityShapes shapes(drawing, [&](const std::string& name) { return name == "Walls" ? (walls = 7) : 0; });
+    EntityShapes shapes(drawing, [&](const std::string& name) { return name == "Walls" ? (walls = 7) : 0; }, solid);
     const auto pieces = shapes.shapes(*insert);
     ASSERT_EQ(pieces.size(), 2u);
     // Base (1,1) lands on (10,20); x along the block turns to y, doubled.
@@ -73,7 +79,7 @@ TEST(EntityShapes, WidePolylineSpansAreBandsAndSpansWithoutWidthStayLines) {
     auto h = d.makeEntity({{0, "LWPOLYLINE"}, {8, "0"}, {90, "4"}, {70, "0"}, {10, "0"}, {20, "0"}, {40, "2"}, {41, "2"},
                            {10, "10"}, {20, "0"}, {40, "0"}, {41, "4"}, {10, "10"}, {20, "10"}, {10, "0"}, {20, "10"}});
     ASSERT_TRUE(h);
-    EntityShapes shapes(d, [](const std::string&) { return 0; });
+    EntityShapes shapes(d, [](const std::string&) { return 0; }, solid);
     const auto pieces = shapes.shapes(*h);
     ASSERT_EQ(pieces.size(), 3u);
     ASSERT_EQ(pieces[0].kind, Piece::Kind::Fill);
