@@ -96,4 +96,25 @@ int kemb_setCurrentColorFromLisp() {
     return RSRSLT;
 }
 
+// (kemb_ColorDialog [colour [meta]]) opens the host's colour dialog on the colour given (an
+// index, a colour text or a list of DXF colour pairs; white without one). BYLAYER and BYBLOCK
+// are offered unless meta is nil. The chosen colour comes back as the colour data list of
+// kemb_getColorDataFromString; nil when the dialog was cancelled.
+int kemb_ColorDialog() {
+    CallFrame frame;
+    if (!frame.check({{ArgKind::Any, Presence::Optional}, {ArgKind::Any, Presence::Optional}})) return RSRSLT;
+    HostColor color = HostColor::fromIndex(7);
+    if (frame.has(0) && frame.node(0).restype != RTNIL) {
+        const auto given = colorOfArgument(frame, 0);
+        if (!given) {
+            frame.reportBadValue();
+            return RSRSLT;
+        }
+        color = *given;
+    }
+    const bool allowMeta = !frame.has(1) || frame.node(1).restype != RTNIL;
+    if (host().colorDialog(color, allowMeta) == RTNORM) host().retList(colorDataList(color));
+    return RSRSLT;
+}
+
 }  // namespace ardo::handlers

@@ -6,5 +6,6 @@ namespace ardo::handlers {
 int kemb_GetLayerRgbColor();
 int kemb_getColorDataFromLisp();
 int kemb_setCurrentColorFromLisp();
+int kemb_ColorDialog();
 
 }  // namespace ardo::handlers

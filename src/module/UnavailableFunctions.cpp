@@ -30,7 +30,6 @@ int C_Kemb_EditLayers() {
     if (LispHandler h = dialogHandlers().editLayers) return h();
     return notAvailable("Kemb_EditLayers", true);
 }
-int kemb_ColorDialog() { return notAvailable("kemb_ColorDialog", false); }
 int kemb_Highlight() {
     if (LispHandler h = dialogHandlers().highlight) return h();
     return notAvailable("kemb_Highlight", false);

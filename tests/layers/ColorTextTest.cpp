@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "layers/ColourCode.h"
+#include "layers/ColorFunctions.h"
 #include "layers/ColorText.h"
 #include "layers/LayerFunctions.h"
 #include "LayerFunctionsTestFiles.h"
@@ -83,6 +84,25 @@ TEST_F(ColorText, ArgumentErrorsGiveNil) {
     host.call(handlers::kemb_getColorDataFromString, {I(1)});
     EXPECT_EQ(host.printed, "\nWrong type of argument");
     EXPECT_EQ(host.result, (ResBufChain{ResBuf::marker(RTNIL)}));
+}
+
+TEST_F(ColorText, ColourDialogOpensOnTheGivenColourAndGivesTheChosenOneAsColourData) {
+    host.chosenColors = {HostColor::fromIndex(1), HostColor::byLayer()};
+    host.call(handlers::kemb_ColorDialog, {});
+    EXPECT_EQ(host.result, pair(62, I(1)));
+    host.call(handlers::kemb_ColorDialog, {S("RGB:10,20,30"), ResBuf::marker(RTT)});
+    EXPECT_EQ(host.result, pair(62, I(256)));
+    ASSERT_EQ(host.colorDialogsOpened.size(), 2u);
+    EXPECT_EQ(host.colorDialogsOpened[0], std::make_pair(HostColor::fromIndex(7), true));
+    EXPECT_EQ(host.colorDialogsOpened[1].first.rgb(), 0x0A141Eu);
+    // nil as the second argument keeps BYLAYER and BYBLOCK out; cancelling gives nil.
+    host.call(handlers::kemb_ColorDialog, {I(3), ResBuf::marker(RTNIL)});
+    EXPECT_EQ(host.result, ResBufChain{ResBuf::marker(RTNIL)});
+    EXPECT_EQ(host.colorDialogsOpened.back(), std::make_pair(HostColor::fromIndex(3), false));
+    // A colour the module cannot read is refused before any dialog opens.
+    host.call(handlers::kemb_ColorDialog, {S("kein Farbname")});
+    EXPECT_EQ(host.result, ResBufChain{ResBuf::marker(RTNIL)});
+    EXPECT_EQ(host.colorDialogsOpened.size(), 3u);
 }
 
 TEST_F(ColorText, ColourCodesByTopByte) {

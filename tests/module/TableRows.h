@@ -37,7 +37,7 @@ inline const std::vector<TableRow>& tableRows() {
         {"kemb_layerDialog", ""},
         {"kemb_ArdoIniDialog", ""},
         {"C:Kemb_EditLayers", ""},
-        {"kemb_ColorDialog", ""},
+        {"kemb_ColorDialog", "aa"},
         {"kemb_Highlight", ""},
         {"C:kemb_HighlightOptions", ""},
         {"kemb_GetLayerRgbColor", "SS"},

@@ -145,7 +145,8 @@ int ScriptedHost::redraw(std::int64_t entity, int mode) {
     return RTNORM;
 }
 
-int ScriptedHost::colorDialog(HostColor& color, bool) {
+int ScriptedHost::colorDialog(HostColor& color, bool allowMetaColors) {
+    colorDialogsOpened.emplace_back(color, allowMetaColors);
     if (chosenColors.empty()) return RTCAN;
     color = chosenColors.front();
     chosenColors.pop_front();

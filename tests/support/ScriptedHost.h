@@ -131,6 +131,8 @@ public:
     std::vector<std::pair<std::int64_t, int>> redraws;
     int displayUpdates = 0;
     std::deque<HostColor> chosenColors;
+    // Each colour dialog opened: the colour it showed first and whether BYLAYER/BYBLOCK were offered.
+    std::vector<std::pair<HostColor, bool>> colorDialogsOpened;
     std::deque<std::pair<std::int64_t, Point3>> picks;
     std::deque<std::string> keywords;
     std::deque<double> distances;
