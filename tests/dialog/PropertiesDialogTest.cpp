@@ -71,7 +71,9 @@ TEST(PlotStylePickerTest, PreselectsInAnyCaseAndFallsBackToTheFirstRow) {
     cadhost::Drawing drawing;
     host.drawing = &drawing;
     // A drawing keeps the plot styles its dictionary names.
-    if (!drawing.hasDictionary("ACAD_PLOTSTYLENAME")) ASSERT_EQ(drawing.addDictionary("ACAD_PLOTSTYLENAME"), DbStatus::Ok);
+    if (!drawing.hasDictionary("ACAD_PLOTSTYLENAME")) {
+        ASSERT_EQ(drawing.addDictionary("ACAD_PLOTSTYLENAME"), DbStatus::Ok);
+    }
     ASSERT_EQ(drawing.addPlaceHolder("ACAD_PLOTSTYLENAME", "Dick"), DbStatus::Ok);
     LayerRecord r;
     r.name = "Plan";

@@ -13,7 +13,7 @@ namespace cadhost::gui {
 namespace {
 
 // A reading shows its dialog when it takes longer than this; most drawings open before.
-constexpr int kQuietMilliseconds = 300;
+int quietMilliseconds = 300;
 constexpr int kPollMilliseconds = 15;
 
 // What the reading thread hands back; it outlives the window's wait when cancelled.
@@ -31,6 +31,8 @@ ardo::Result<RecoveredDrawing> read(const std::string& path, ReadMode mode) {
 
 }  // namespace
 
+void setProgressDelay(int milliseconds) { quietMilliseconds = milliseconds; }
+
 Reading readDrawing(const std::string& path, ReadMode mode, QWidget* parent) {
     auto shared = std::make_shared<Shared>();
     std::thread([shared, path, mode] {
@@ -45,7 +47,7 @@ Reading readDrawing(const std::string& path, ReadMode mode, QWidget* parent) {
     progress.setObjectName("readingProgress");
     progress.setWindowTitle(QObject::tr("Open Drawing"));
     progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(kQuietMilliseconds);
+    progress.setMinimumDuration(quietMilliseconds);
     progress.setAutoClose(false);
     progress.setAutoReset(false);
     QEventLoop loop;

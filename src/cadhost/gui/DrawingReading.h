@@ -22,4 +22,8 @@ struct Reading {
 
 Reading readDrawing(const std::string& path, ReadMode mode, QWidget* parent);
 
+// How long a reading runs before its dialog shows (300 ms; a test shows it at once, so that
+// its Cancel does not race a reader that is quicker on an idle machine).
+void setProgressDelay(int milliseconds);
+
 }  // namespace cadhost::gui
