@@ -59,8 +59,10 @@ void Drawing::applyStep(DrawingChanges& changes, bool forward) {
         const auto headerAfter = headerValues();
         for (const auto& [name, value] : headerAfter) {
             const auto was = headerBefore.find(name);
-            if (was == headerBefore.end() || was->second != value)
-                announce([&](DrawingListener& l) { l.variableChanged(name.substr(1)); });
+            if (was == headerBefore.end() || was->second != value) {
+                const std::string variable = name.substr(1);   // without the header's "$"
+                announce([&](DrawingListener& l) { l.variableChanged(variable); });
+            }
         }
     }
 }
