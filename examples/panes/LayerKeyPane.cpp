@@ -74,10 +74,8 @@ QListWidget* keyList(ardo::DockingPaneManager& manager) {
         const QString key = item->data(Qt::UserRole).toString();
         host->queueExpr("(kemb_newlayer \"LAYERKEYS\" \"" + key.toStdString() + "\")\n");
     });
-    if (!manager.addPane(kPaneId, kTitle, list, Qt::LeftDockWidgetArea)) {
-        delete list;
-        return nullptr;
-    }
+    // A refused pane takes its content with it.
+    if (!manager.addPane(kPaneId, kTitle, list, Qt::LeftDockWidgetArea)) return nullptr;
     return list;
 }
 

@@ -1,5 +1,7 @@
 #include "panes/CKEMB_XTPDockingPaneManager.h"
 
+#include <memory>
+
 #include <QDockWidget>
 #include <QEvent>
 #include <QMainWindow>
@@ -56,6 +58,8 @@ void CKEMB_XTPDockingPaneManager::remember(const PanePlace& place) {
 
 QDockWidget* CKEMB_XTPDockingPaneManager::addPane(const QString& id, const QString& title, QWidget* content,
                                                   Qt::DockWidgetArea area) {
+    // The content was given away with the call; a pane that is not made does not keep it.
+    std::unique_ptr<QWidget> refused(content);
     if (!mainWindow_) {
         if (!toldNoWindow_)
             host().print("Docking panes need the main window: start ardo-cad with --gui. The pane \"" +
@@ -64,6 +68,7 @@ QDockWidget* CKEMB_XTPDockingPaneManager::addPane(const QString& id, const QStri
         return nullptr;
     }
     if (id.isEmpty() || pane(id)) return nullptr;
+    refused.release();
     auto* dock = new QDockWidget(title, mainWindow_);
     dock->setObjectName(id);
     dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable |

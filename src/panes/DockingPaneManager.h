@@ -17,7 +17,8 @@ public:
     virtual bool hasMainWindow() const = 0;
     // Puts `content` into a new pane of the main window under the unique `id`, where the
     // saved layout had it, else docked in `area`. The pane owns the content from now on.
-    // Null when there is no main window (the user is told once) or the id is taken.
+    // Null when there is no main window (the user is told once) or the id is taken; the
+    // content is then deleted.
     virtual QDockWidget* addPane(const QString& id, const QString& title, QWidget* content,
                                  Qt::DockWidgetArea area) = 0;
     virtual QDockWidget* pane(const QString& id) const = 0;

@@ -263,6 +263,7 @@ TEST_F(LayerDialogTest, TheFirstOpenShowsEveryColumnWhole) {
     for (const QWidget* w : dialog->findChildren<QWidget*>("ok")) EXPECT_TRUE(w->isVisible());
 
     dialog->reject();
+    dialog.reset();   // a dialog ends before its session is replaced by the next opening
     settings.sizeX = 520;
     settings.sizeY = 310;
     auto again = open(3);
