@@ -1,9 +1,12 @@
 // DXF load and save of a large drawing (200,000 entities on 2,000 layers, and five times
 // that for the growth) against a plain read of the file's bytes and against ezdxf reading
 // and saving the same file. Prints MB/s, the ratios, and peak resident memory against the
-// file size.
+// file size. Load and save are the best of a few runs (the machine may be busy); the save
+// ends with the disk sync that keeps a drafter's file safe, which ezdxf does not make, so
+// the save is also shown without it (the same bytes written to a file left unsynced).
 #include <time.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -60,8 +63,11 @@ std::string runEzdxf(const fs::path& in, const fs::path& out) {
     return {};
 }
 
+constexpr int kRuns = 3;
+
 struct Run {
     double mb = 0, plainRead = 0, load = 0, save = 0, loadCpu = 0, saveCpu = 0, peakAboveMb = 0;
+    double unsynced = 0, unsyncedCpu = 0;
     std::size_t entities = 0;
 };
 
@@ -82,33 +88,53 @@ std::optional<Run> measure(const ardo::test::TempFolder& dir, int entities) {
         run.plainRead = seconds(t);
     }
 
-    resetPeakRss();
-    const double rssBefore = peakRssMb();
-    t = Clock::now();
-    double cpu = cpuSeconds();
-    auto opened = cadhost::Drawing::open(file.string());
-    run.load = seconds(t);
-    run.loadCpu = cpuSeconds() - cpu;
-    if (!opened) {
-        std::fprintf(stderr, "%s\n", opened.error().c_str());
-        return std::nullopt;
+    // The first load measures the memory; every load counts for the time.
+    std::optional<ardo::Result<cadhost::Drawing>> opened;
+    run.load = run.loadCpu = 1e300;
+    for (int i = 0; i < kRuns; ++i) {
+        opened.reset();
+        resetPeakRss();
+        const double rssBefore = peakRssMb();
+        t = Clock::now();
+        const double cpu = cpuSeconds();
+        opened.emplace(cadhost::Drawing::open(file.string()));
+        run.load = std::min(run.load, seconds(t));
+        run.loadCpu = std::min(run.loadCpu, cpuSeconds() - cpu);
+        if (!*opened) {
+            std::fprintf(stderr, "%s\n", (*opened).error().c_str());
+            return std::nullopt;
+        }
+        if (i == 0) run.peakAboveMb = peakRssMb() - rssBefore;
     }
-    cadhost::Drawing& d = *opened;
-    run.peakAboveMb = peakRssMb() - rssBefore;
+    cadhost::Drawing& d = **opened;
     run.entities = d.entityCount();
 
-    t = Clock::now();
-    cpu = cpuSeconds();
-    if (const ardo::Status s = d.save(saved.string()); !s) {
-        std::fprintf(stderr, "%s\n", s.error().c_str());
-        return std::nullopt;
+    run.save = run.saveCpu = run.unsynced = run.unsyncedCpu = 1e300;
+    for (int i = 0; i < kRuns; ++i) {
+        t = Clock::now();
+        double cpu = cpuSeconds();
+        if (const ardo::Status s = d.save(saved.string()); !s) {
+            std::fprintf(stderr, "%s\n", s.error().c_str());
+            return std::nullopt;
+        }
+        run.save = std::min(run.save, seconds(t));
+        run.saveCpu = std::min(run.saveCpu, cpuSeconds() - cpu);
+
+        t = Clock::now();
+        cpu = cpuSeconds();
+        {
+            const std::string bytes = d.toDxf();
+            std::ofstream(dir / "unsynced.dxf", std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        }
+        run.unsynced = std::min(run.unsynced, seconds(t));
+        run.unsyncedCpu = std::min(run.unsyncedCpu, cpuSeconds() - cpu);
     }
-    run.save = seconds(t);
-    run.saveCpu = cpuSeconds() - cpu;
     std::printf("drawing: %zu entities read, 2000 layers, %.1f MB\n", run.entities, run.mb);
     std::printf("  plain read     %8.3f s %9.1f MB/s\n", run.plainRead, run.mb / run.plainRead);
     std::printf("  host load      %8.3f s %9.1f MB/s  (processor %.3f s)\n", run.load, run.mb / run.load, run.loadCpu);
     std::printf("  host save      %8.3f s %9.1f MB/s  (processor %.3f s)\n", run.save, run.mb / run.save, run.saveCpu);
+    std::printf("    without sync %8.3f s %9.1f MB/s  (processor %.3f s)\n", run.unsynced, run.mb / run.unsynced,
+                run.unsyncedCpu);
     std::printf("  peak resident memory while loading: %.1f MB above before, %.2f x file size (target at most 2)\n",
                 run.peakAboveMb, run.peakAboveMb / run.mb);
     std::printf("  load / plain read: %.1f x slower\n", run.load / run.plainRead);
@@ -149,5 +175,8 @@ int main() {
     std::printf("host load+save is %.1f x faster than ezdxf read+save (target 100); by processor time %.1f x\n",
                 (ezRead + ezSave) / (small->load + small->save),
                 (ezReadCpu + ezSaveCpu) / (small->loadCpu + small->saveCpu));
+    std::printf("  the same with the save left unsynced, as ezdxf's: %.1f x; by processor time %.1f x\n",
+                (ezRead + ezSave) / (small->load + small->unsynced),
+                (ezReadCpu + ezSaveCpu) / (small->loadCpu + small->unsyncedCpu));
     return 0;
 }

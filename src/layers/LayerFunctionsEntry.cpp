@@ -20,7 +20,12 @@ public:
     std::optional<SettingsStore::ConstPosition> find(const SettingsStore& file, const std::string& key) {
         if (file.serial() != serial_ || file.records().size() != recordCount_) rebuild(file);
         if (!hasSection_) return std::nullopt;
-        auto it = lines_.find(upperCase(key));
+        // Programs ask for one key many times in a row: its place is kept until another is asked.
+        if (!lastFound_ || key != lastKey_) {
+            lastKey_ = key;
+            lastFound_ = lines_.find(upperCase(key));
+        }
+        const auto it = *lastFound_;
         if (it == lines_.end()) return file.end();
         // A key changed in place since: the store's own search has the last word.
         if (!equalsNoCase(it->second->key, key)) return file.findKey(header_, key);
@@ -31,6 +36,7 @@ private:
     void rebuild(const SettingsStore& file) {
         serial_ = file.serial();
         recordCount_ = file.records().size();
+        lastFound_.reset();
         lines_.clear();
         header_ = file.findSection(kLayerSection);
         hasSection_ = header_ != file.end();
@@ -44,6 +50,8 @@ private:
     bool hasSection_ = false;
     SettingsStore::ConstPosition header_{};
     std::unordered_map<std::string, SettingsStore::ConstPosition> lines_;
+    std::string lastKey_;
+    std::optional<std::unordered_map<std::string, SettingsStore::ConstPosition>::const_iterator> lastFound_;
 };
 
 }  // namespace

@@ -180,6 +180,12 @@ int Application::setResult(ResBuf value) {
 }
 
 int Application::getVar(Document& document, const std::string& name, ResBuf& value) const {
+    // Nearly every layer call of a module reads CLAYER, which only a drawing holds: it is
+    // given at once, without looking through the application's own names first.
+    if (ardo::equalsNoCase(name, "CLAYER")) {
+        value = ResBuf::str(document.drawing().currentLayerName());
+        return ardo::RTNORM;
+    }
     const std::string key = ardo::upperCase(name);
     std::optional<ResBuf> found;
     if (key == "DWGTITLED") found = ResBuf::shortInt(document.titled() ? 1 : 0);

@@ -246,9 +246,9 @@ Handle Drawing::takeHandle() {
 }
 
 std::optional<RecordId> Drawing::recordByHandle(std::string_view text) const {
-    const auto it = byHandle_.find(toHandle(text));
-    if (it == byHandle_.end()) return std::nullopt;
-    return it->second;
+    const RecordId* id = byHandle_.find(toHandle(text));
+    if (!id) return std::nullopt;
+    return *id;
 }
 
 std::string Drawing::toDxf() {

@@ -20,6 +20,7 @@
 
 #include "cadhost/drawing/DrawingListener.h"
 #include "cadhost/drawing/Geometry.h"
+#include "cadhost/drawing/HandleIndex.h"
 #include "cadhost/dxf/DxfDocument.h"
 #include "cadhost/dxf/DxfText.h"
 #include "base/Result.h"
@@ -171,6 +172,8 @@ public:
     // text, as the common hosts give it: "BYLAYER", "BYBLOCK", "1" to "255",
     // "RGB:255,128,0" or "BOOK$COLOR".
     std::optional<ardo::ResBuf> getVar(std::string_view name) const;
+    // CLAYER, which every layer function of the module reads: decoded once per header edit.
+    const std::string& currentLayerName() const;
     // Header variables are written back into the header. CDATE, DWGNAME, DWGPREFIX,
     // PROGRAM and CMDACTIVE are read-only (InvalidInput); CLAYER must name a layer, CTAB
     // "Model" or a layout (it sets TILEMODE).
@@ -201,6 +204,8 @@ public:
     void forEachEntity(const std::function<bool(const EntityInfo&)>& visit) const;
     std::size_t entityCount() const;
     std::optional<EntityInfo> entity(Handle handle) const;
+    // The drawing has the entity (not erased); reads none of its data.
+    bool hasEntity(Handle handle) const { return findEntity(handle) != nullptr; }
     // The entity's own tags as in the file (extended data included), decoded to UTF-8.
     std::vector<EntityTag> entityTags(Handle handle) const;
     // The entity list as entget returns it: (-1 . name) first, points joined, values typed
@@ -343,8 +348,6 @@ private:
     // Where a new entity goes: a block's index and the record it is put before (-1 and the
     // end of the ENTITIES section for model and the active paper space).
     std::pair<std::int32_t, RecordId> newEntityPlace() const;
-    // CLAYER, which every layer function of the module reads: decoded once per header edit.
-    const std::string& currentLayerName() const;
     template <class Announce>
     void announce(Announce announce) const {
         for (DrawingListener* listener : listeners_) announce(*listener);
@@ -391,10 +394,10 @@ private:
         ardo::LayerRecord record;
     };
     mutable std::unordered_map<RecordId, DecodedLayer> decodedLayers_;
-    std::unordered_map<Handle, RecordId> byHandle_;
+    HandleIndex<RecordId> byHandle_;
     std::vector<Entity> entities_;
     std::vector<std::uint32_t> spaceEntities_;                   // model and paper space, file order
-    std::unordered_map<Handle, std::uint32_t> entityByHandle_;
+    HandleIndex<std::uint32_t> entityByHandle_;
     // First and last record of entities erased in this session, for restoreEntity.
     std::unordered_map<Handle, std::pair<RecordId, RecordId>> erasedEntities_;
     mutable std::vector<Block> blocks_;

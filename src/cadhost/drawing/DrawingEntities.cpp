@@ -10,9 +10,9 @@
 namespace cadhost {
 
 const Drawing::Entity* Drawing::findEntity(Handle handle) const {
-    const auto it = entityByHandle_.find(handle);
-    if (it == entityByHandle_.end() || doc_.isErased(entities_[it->second].record)) return nullptr;
-    return &entities_[it->second];
+    const std::uint32_t* index = entityByHandle_.find(handle);
+    if (!index || doc_.isErased(entities_[*index].record)) return nullptr;
+    return &entities_[*index];
 }
 
 bool Drawing::isNamedEntity(std::uint32_t index) const {
@@ -20,8 +20,8 @@ bool Drawing::isNamedEntity(std::uint32_t index) const {
     // file), cannot be named and is left out of the chain.
     const Entity& e = entities_[index];
     if (doc_.isErased(e.record) || !e.handle) return false;
-    const auto it = entityByHandle_.find(e.handle);
-    return it != entityByHandle_.end() && it->second == index;
+    const std::uint32_t* named = entityByHandle_.find(e.handle);
+    return named && *named == index;
 }
 
 std::optional<Handle> Drawing::firstEntity() const {
@@ -31,11 +31,11 @@ std::optional<Handle> Drawing::firstEntity() const {
 }
 
 std::optional<Handle> Drawing::nextEntity(Handle handle) const {
-    const auto it = entityByHandle_.find(handle);
-    if (it == entityByHandle_.end() || entities_[it->second].block >= 0) return std::nullopt;
+    const std::uint32_t* index = entityByHandle_.find(handle);
+    if (!index || entities_[*index].block >= 0) return std::nullopt;
     // Entities of model and paper space were indexed in file order, so the position in
     // spaceEntities_ follows from the entity's index by binary search.
-    auto pos = std::lower_bound(spaceEntities_.begin(), spaceEntities_.end(), it->second);
+    auto pos = std::lower_bound(spaceEntities_.begin(), spaceEntities_.end(), *index);
     for (++pos; pos != spaceEntities_.end(); ++pos)
         if (isNamedEntity(*pos)) return entities_[*pos].handle;
     return std::nullopt;
@@ -226,7 +226,7 @@ std::size_t Drawing::eraseEntities(const std::vector<Handle>& handles) {
             if (const auto own = tagValue(doc_.tags(id), 5)) byHandle_.erase(toHandle(*own));
             doc_.erase(id);
         }
-        const std::uint32_t index = entityByHandle_.at(handle);
+        const std::uint32_t index = *entityByHandle_.find(handle);
         if (e->block >= 0) {
             Block& block = blocks_[static_cast<std::size_t>(e->block)];
             std::erase(block.entities, index);

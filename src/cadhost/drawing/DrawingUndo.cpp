@@ -99,8 +99,8 @@ std::vector<Drawing::Touched> Drawing::touched(const std::vector<RecordId>& reco
             t.name = text(tagValue(tags, 2).value_or(""));
         } else if (const auto h = tagValue(tags, 5)) {
             t.handle = toHandle(*h);
-            const auto it = entityByHandle_.find(t.handle);
-            if (it != entityByHandle_.end() && entities_[it->second].record == id) t.kind = Touched::Kind::Entity;
+            const std::uint32_t* index = entityByHandle_.find(t.handle);
+            if (index && entities_[*index].record == id) t.kind = Touched::Kind::Entity;
         }
         out.push_back(std::move(t));
     }

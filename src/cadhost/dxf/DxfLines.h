@@ -1,7 +1,7 @@
 #pragma once
 // The line rules of ASCII DXF, shared by the first reading of a file and the later reading
 // of one record's tags: lines end in LF or CRLF, group codes may stand between blanks.
-#include <charconv>
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -15,12 +15,24 @@ inline std::string_view trimBlanks(std::string_view s) {
     return s;
 }
 
+// Every other line of a file is a group code, so this is read digit by digit rather than
+// through a general number parser: blanks, an optional minus, digits, blanks (or a CR).
 inline bool parseCode(std::string_view text, int& code) {
-    // The common case first: digits alone or right-aligned behind blanks.
-    text = trimBlanks(text);
-    if (text.empty()) return false;
-    auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), code);
-    return ec == std::errc() && end == text.data() + text.size() && isValidGroupCode(code);
+    const char* p = text.data();
+    const char* const end = p + text.size();
+    while (p != end && (*p == ' ' || *p == '\t')) ++p;
+    const bool negative = p != end && *p == '-';
+    if (negative) ++p;
+    const char* const digits = p;
+    // Saturates far above the largest code, so that long numbers stay invalid and never overflow.
+    constexpr int kBeyond = 1 << 20;
+    int value = 0;
+    for (; p != end && static_cast<unsigned>(*p - '0') < 10; ++p) value = std::min(value * 10 + (*p - '0'), kBeyond);
+    if (p == digits) return false;
+    while (p != end && (*p == ' ' || *p == '\t' || *p == '\r')) ++p;
+    if (p != end) return false;
+    code = negative ? -value : value;
+    return isValidGroupCode(code);
 }
 
 class LineCursor {
@@ -39,6 +51,33 @@ public:
         line = std::string_view(data_ + pos_, end - pos_);
         if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
         pos_ = nl ? end + 1 : size_;
+        return true;
+    }
+
+    // The next line read as a group code, the common case of every other line in one pass:
+    // blanks, digits and the line end. Any other line is read by next() and parseCode().
+    // False at the end of the bytes; `valid` tells whether the line held a group code.
+    bool nextCode(std::string_view& line, int& code, bool& valid) {
+        const char* p = data_ + pos_;
+        const char* const end = data_ + size_;
+        const char* const start = p;
+        while (p != end && *p == ' ') ++p;
+        const char* const digits = p;
+        int value = 0;
+        while (p != end && p - digits < 4 && static_cast<unsigned>(*p - '0') < 10) value = value * 10 + (*p++ - '0');
+        if (p != digits && isValidGroupCode(value)) {
+            const char* lineEnd = p;
+            if (p != end && *p == '\r') ++p;
+            if (p != end && *p == '\n') {
+                line = std::string_view(start, static_cast<std::size_t>(lineEnd - start));
+                pos_ = static_cast<std::size_t>(p + 1 - data_);
+                code = value;
+                valid = true;
+                return true;
+            }
+        }
+        if (!next(line)) return false;
+        valid = parseCode(line, code);
         return true;
     }
 

@@ -259,10 +259,11 @@ std::variant<DxfDocument, DxfError> DxfDocument::parse(std::string bytes, DxfRea
         const std::size_t tagStart = lines.pos();
         const std::uint32_t codeLine = line;
         std::string_view codeText, value;
-        lines.next(codeText);
-        if (doc.records_.empty() && trimBlanks(codeText).empty() && lines.atEnd()) break;
         int code = 0;
-        if (!parseCode(codeText, code)) {
+        bool isCode = false;
+        lines.nextCode(codeText, code, isCode);
+        if (doc.records_.empty() && trimBlanks(codeText).empty() && lines.atEnd()) break;
+        if (!isCode) {
             const std::string what = "a DXF group code (a whole number from -5 to 1071) was expected, but the line reads \"" +
                                      visible(codeText) + "\"";
             if (!recover) return errorAt(codeLine, what);

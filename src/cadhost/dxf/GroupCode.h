@@ -12,6 +12,6 @@ ValueKind valueKind(int code);
 bool startsPoint(int code);
 
 // Group codes outside the range DXF defines are refused by the readers.
-bool isValidGroupCode(int code);
+inline bool isValidGroupCode(int code) { return code >= -5 && code <= 1071; }
 
 }  // namespace cadhost

@@ -54,10 +54,20 @@ long long toGroupInteger(int code, std::string_view text, long long fallback) {
 }
 
 std::uint64_t toHandle(std::string_view text) {
+    // Read for every record of a file: hex digits by hand, 0 for anything else or an
+    // overflow, as for no handle.
     text = trimmed(text);
     std::uint64_t v = 0;
-    auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), v, 16);
-    return ec == std::errc() && end == text.data() + text.size() ? v : 0;
+    for (const char c : text) {
+        const auto lower = static_cast<unsigned char>(c | 0x20);
+        unsigned digit = 0;
+        if (c >= '0' && c <= '9') digit = static_cast<unsigned>(c - '0');
+        else if (lower >= 'a' && lower <= 'f') digit = lower - 'a' + 10u;
+        else return 0;
+        if (v >> 60) return 0;
+        v = v << 4 | digit;
+    }
+    return v;
 }
 
 std::string handleToText(std::uint64_t handle) {

@@ -3,6 +3,8 @@
 
 #include "cadhost/drawing/DxfTestSupport.h"
 #include "cadhost/dxf/DxfDocument.h"
+#include "cadhost/dxf/DxfLines.h"
+#include "cadhost/dxf/TagValue.h"
 
 namespace cadhost {
 namespace {
@@ -35,6 +37,37 @@ TEST(ReadErrors, EachFaultIsNamedWithItsLine) {
         EXPECT_NE(message.find(c.expected), std::string::npos) << "got: " << message;
         EXPECT_NE(message.find("probe.dxf"), std::string::npos) << message;
     }
+}
+
+// Group code lines as writers pad them, and what is no group code.
+TEST(ReadErrors, GroupCodeLinesAndHandlesAreReadDigitByDigit) {
+    const std::pair<const char*, int> codes[] = {
+        {"0", 0}, {"  8", 8}, {"100", 100}, {"1071", 1071}, {"-5", -5}, {"\t 10 \r", 10}, {"0000000000010", 10}, {"-0", 0}};
+    for (const auto& [text, expected] : codes) {
+        int code = 12345;
+        EXPECT_TRUE(dxflines::parseCode(text, code)) << text;
+        EXPECT_EQ(code, expected) << text;
+    }
+    for (const char* bad : {"", "  ", "-", "+8", "1 0", "8x", "1072", "-6", "99999999999999999999", "- 5", "0x10"}) {
+        int code = 0;
+        EXPECT_FALSE(dxflines::parseCode(bad, code)) << "\"" << bad << "\"";
+    }
+    // The one-pass reading of a code line agrees with the general one, line ends included.
+    const std::string lines = "  0\r\n 10\n-5\n00010\n 8 \n1072\n\t62\r\r\n999";
+    dxflines::LineCursor cursor(lines, 0);
+    std::vector<std::pair<std::string, int>> read;
+    std::string_view text;
+    int code = 0;
+    bool valid = false;
+    while (cursor.nextCode(text, code, valid)) read.emplace_back(std::string(text), valid ? code : 9999);
+    EXPECT_EQ(read, (std::vector<std::pair<std::string, int>>{
+                        {"  0", 0}, {" 10", 10}, {"-5", -5}, {"00010", 10}, {" 8 ", 8}, {"1072", 9999}, {"\t62\r", 62}, {"999", 999}}));
+    EXPECT_EQ(toHandle("1F"), 0x1Fu);
+    EXPECT_EQ(toHandle(" 1f\r"), 0x1Fu);
+    EXPECT_EQ(toHandle("+A0"), 0xA0u);
+    EXPECT_EQ(toHandle("FFFFFFFFFFFFFFFF"), 0xFFFFFFFFFFFFFFFFu);
+    EXPECT_EQ(toHandle("0000000000000000001"), 1u);
+    for (const char* bad : {"", "G1", "1 2", "-1", "10000000000000000", "1FX"}) EXPECT_EQ(toHandle(bad), 0u) << bad;
 }
 
 TEST(ReadErrors, EveryTruncationOfARealFileIsRefusedCleanly) {
