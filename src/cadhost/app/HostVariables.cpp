@@ -26,6 +26,7 @@ std::string tempPrefix() {
 }
 
 constexpr long long kMaxSaveTime = 600;
+constexpr long long kMaxAperture = 50;
 
 bool isInteger(short type) { return type == ardo::RTSHORT || type == ardo::RTLONG; }
 
@@ -43,6 +44,8 @@ HostVariables::HostVariables() {
     };
     // SAVETIME: minutes between automatic saves of changed drawings, 0 for none.
     held_.emplace_back("SAVETIME", Held{ResBuf::shortInt(10), true});
+    // APERTURE: pixels around the cursor in which object snaps are looked for.
+    held_.emplace_back("APERTURE", Held{ResBuf::shortInt(10), true});
     for (char n = '1'; n <= '5'; ++n) held_.emplace_back(std::string("USERS") + n, Held{ResBuf::str(""), true});
 }
 
@@ -73,6 +76,7 @@ bool HostVariables::set(const std::string& name, const ResBuf& value) {
     }
     if (!isInteger(value.restype)) return false;
     if (name == "SAVETIME" && (value.integer < 0 || value.integer > kMaxSaveTime)) return false;
+    if (name == "APERTURE" && (value.integer < 1 || value.integer > kMaxAperture)) return false;
     held.integer = value.integer;
     return true;
 }

@@ -71,6 +71,22 @@ std::variant<long long, std::string, std::monostate> currentColorOf(std::string_
     return canonical;
 }
 
+// Header variables that drawings from other programs or older formats may lack: their
+// group code and the value they have until set.
+struct HeaderDefault {
+    std::string_view key;
+    int code;
+    int value;
+};
+// OSMODE: endpoint, centre and intersection snaps on.
+constexpr HeaderDefault kHeaderDefaults[] = {{"OSMODE", 70, 37}, {"ORTHOMODE", 70, 0}};
+
+const HeaderDefault* headerDefault(std::string_view key) {
+    for (const HeaderDefault& d : kHeaderDefaults)
+        if (d.key == key) return &d;
+    return nullptr;
+}
+
 }  // namespace
 
 std::optional<std::span<const DxfTag>> Drawing::headerVar(std::string_view name) const {
@@ -130,6 +146,7 @@ std::optional<ResBuf> Drawing::getVar(std::string_view name) const {
         // Defaults of variables older formats do not keep.
         if (key == "TILEMODE") return ResBuf::shortInt(1);
         if (key == "LWDISPLAY") return ResBuf::shortInt(0);
+        if (const HeaderDefault* d = headerDefault(key)) return ResBuf::shortInt(d->value);
         return std::nullopt;
     }
     const DxfTag& v = (*tags)[1];
@@ -180,6 +197,14 @@ DbStatus Drawing::storeVar(std::string_view name, const ResBuf& value) {
         if (!layer) return DbStatus::InvalidInput;
         // The layer's own spelling, whatever case was typed, as the common hosts keep it.
         text = layer->name;
+    }
+    if (const HeaderDefault* d = headerDefault(key); d && !headerVar("$" + key) && header_ != kNoRecord) {
+        // Set for the first time: the header gains it, so the drawing keeps it when saved.
+        std::vector<OwnedTag> tags = doc_.copyTags(header_);
+        tags.push_back({9, "$" + key});
+        tags.push_back({d->code, std::to_string(d->value)});
+        doc_.replace(header_, std::move(tags));
+        indexHeader();
     }
     const auto tags = headerVar("$" + key);
     if (!tags || tags->size() < 2) return DbStatus::KeyNotFound;

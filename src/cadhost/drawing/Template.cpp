@@ -59,6 +59,10 @@ constexpr const char* kTemplate = R"dxf(
 290 1
 9 $PLINEWID
 40 0.0
+9 $ORTHOMODE
+70 0
+9 $OSMODE
+70 37
 9 $HANDSEED
 5 30
 0 ENDSEC

@@ -13,18 +13,13 @@ constexpr double kTolerance = 1e-9;
 double cross(double ax, double ay, double bx, double by) { return ax * by - ay * bx; }
 
 double distanceToSegment(const Segment& s, const ardo::Point3& p) {
-    const double dx = s.b[0] - s.a[0], dy = s.b[1] - s.a[1];
-    const double length2 = dx * dx + dy * dy;
-    double t = length2 == 0 ? 0 : ((p[0] - s.a[0]) * dx + (p[1] - s.a[1]) * dy) / length2;
-    t = std::clamp(t, 0.0, 1.0);
-    return std::hypot(p[0] - (s.a[0] + t * dx), p[1] - (s.a[1] + t * dy));
+    const ardo::Point3 q = closestOn(s, p);
+    return std::hypot(p[0] - q[0], p[1] - q[1]);
 }
 
 double distanceToArc(const Arc& arc, const ardo::Point3& p) {
-    const double fromCentre = std::hypot(p[0] - arc.center[0], p[1] - arc.center[1]);
-    if (arc.covers(std::atan2(p[1] - arc.center[1], p[0] - arc.center[0]))) return std::abs(fromCentre - arc.radius);
-    const ardo::Point3 s = arc.pointAt(arc.start), e = arc.pointAt(arc.end);
-    return std::min(std::hypot(p[0] - s[0], p[1] - s[1]), std::hypot(p[0] - e[0], p[1] - e[1]));
+    const ardo::Point3 q = closestOn(arc, p);
+    return std::hypot(p[0] - q[0], p[1] - q[1]);
 }
 
 void segmentSegment(const Segment& s, const Segment& t, std::vector<ardo::Point3>& out) {
@@ -61,6 +56,22 @@ void segmentArc(const Segment& s, const Arc& arc, std::vector<ardo::Point3>& out
         const ardo::Point3 p{s.a[0] + t * dx, s.a[1] + t * dy, s.a[2]};
         if (arc.covers(std::atan2(p[1] - arc.center[1], p[0] - arc.center[0]))) out.push_back(p);
         if (discriminant == 0) break;
+    }
+}
+
+void arcArc(const Arc& p, const Arc& q, std::vector<ardo::Point3>& out) {
+    const double dx = q.center[0] - p.center[0], dy = q.center[1] - p.center[1];
+    const double d = std::hypot(dx, dy);
+    // Concentric circles share no single point; circles too far apart or one inside the other none.
+    if (d < kTolerance || d > p.radius + q.radius + kTolerance || d < std::abs(p.radius - q.radius) - kTolerance) return;
+    const double along = (d * d + p.radius * p.radius - q.radius * q.radius) / (2 * d);
+    const double across = std::sqrt(std::max(p.radius * p.radius - along * along, 0.0));
+    const double mx = p.center[0] + along * dx / d, my = p.center[1] + along * dy / d;
+    for (double side : {-1.0, 1.0}) {
+        const ardo::Point3 at{mx - side * across * dy / d, my + side * across * dx / d, p.center[2]};
+        const auto on = [&](const Arc& a) { return a.covers(std::atan2(at[1] - a.center[1], at[0] - a.center[0])); };
+        if (on(p) && on(q)) out.push_back(at);
+        if (across < kTolerance) break;   // touching: one point
     }
 }
 
@@ -103,10 +114,38 @@ Extents extentsOf(const Shape& shape) {
     return box.result().value_or(Extents{});
 }
 
+ardo::Point3 closestOn(const Segment& s, const ardo::Point3& p) {
+    const double dx = s.b[0] - s.a[0], dy = s.b[1] - s.a[1];
+    const double length2 = dx * dx + dy * dy;
+    double t = length2 == 0 ? 0 : ((p[0] - s.a[0]) * dx + (p[1] - s.a[1]) * dy) / length2;
+    t = std::clamp(t, 0.0, 1.0);
+    return {s.a[0] + t * dx, s.a[1] + t * dy, s.a[2] + t * (s.b[2] - s.a[2])};
+}
+
+ardo::Point3 closestOn(const Arc& arc, const ardo::Point3& p) {
+    const double angle = std::atan2(p[1] - arc.center[1], p[0] - arc.center[0]);
+    if (arc.covers(angle)) return arc.pointAt(angle);
+    const ardo::Point3 s = arc.pointAt(arc.start), e = arc.pointAt(arc.end);
+    return std::hypot(p[0] - s[0], p[1] - s[1]) <= std::hypot(p[0] - e[0], p[1] - e[1]) ? s : e;
+}
+
 std::vector<ardo::Point3> intersections(const Segment& segment, const Shape& shape) {
     std::vector<ardo::Point3> out;
     for (const Segment& s : shape.segments) segmentSegment(segment, s, out);
     for (const Arc& a : shape.arcs) segmentArc(segment, a, out);
+    return out;
+}
+
+std::vector<ardo::Point3> intersections(const Shape& a, const Shape& b) {
+    std::vector<ardo::Point3> out;
+    for (const Segment& s : a.segments) {
+        const auto hits = intersections(s, b);
+        out.insert(out.end(), hits.begin(), hits.end());
+    }
+    for (const Arc& arc : a.arcs) {
+        for (const Segment& s : b.segments) segmentArc(s, arc, out);
+        for (const Arc& other : b.arcs) arcArc(arc, other, out);
+    }
     return out;
 }
 

@@ -10,8 +10,14 @@ namespace cadhost::geometry {
 double distanceTo(const Shape& shape, const ardo::Point3& p);
 Extents extentsOf(const Shape& shape);
 
+// The point of the segment or arc nearest to `p`.
+ardo::Point3 closestOn(const Segment& s, const ardo::Point3& p);
+ardo::Point3 closestOn(const Arc& arc, const ardo::Point3& p);
+
 // Points where a segment meets the shape's segments and arcs.
 std::vector<ardo::Point3> intersections(const Segment& segment, const Shape& shape);
+// Points where two shapes meet.
+std::vector<ardo::Point3> intersections(const Shape& a, const Shape& b);
 
 // A closed polygon in the xy plane (the last vertex joins the first).
 using Polygon = std::vector<ardo::Point3>;

@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QIcon>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -27,6 +26,7 @@
 #include "cadhost/gui/CommandMenus.h"
 #include "cadhost/gui/LayerBar.h"
 #include "cadhost/gui/LayoutTabs.h"
+#include "cadhost/gui/StatusBar.h"
 #include "cadhost/gui/TextWindow.h"
 #include "cadhost/gui/ViewCommand.h"
 
@@ -59,6 +59,7 @@ struct CadWindow::Page final : DrawingListener {
     void variableChanged(const std::string& name) override {
         changed();
         if (name == "CLAYER" && layersChanged) layersChanged();
+        if ((name == "OSMODE" || name == "ORTHOMODE") && snapsChanged) snapsChanged();
     }
     void changed() const {
         if (marksChanged) marksChanged();
@@ -73,6 +74,7 @@ struct CadWindow::Page final : DrawingListener {
     bool attached = true;
     std::function<void()> layersChanged;
     std::function<void()> marksChanged;
+    std::function<void()> snapsChanged;
 };
 
 CadWindow::CadWindow(std::string historyFile, const QString& recoveryFolder) : autoSave_(recoveryFolder) {
@@ -85,9 +87,9 @@ CadWindow::CadWindow(std::string historyFile, const QString& recoveryFolder) : a
     setCentralWidget(tabs_);
     dock_ = new CommandDock(std::move(historyFile), this);
     addDockWidget(Qt::BottomDockWidgetArea, dock_);
-    coordinates_ = new QLabel(this);
-    coordinates_->setMinimumWidth(220);
-    statusBar()->addPermanentWidget(coordinates_);
+    statusBar_ = new StatusBar(this);
+    statusBar()->addPermanentWidget(statusBar_);
+    connectStatusBar();
     layerBar_ = new LayerBar(this);
     layerBar_->setMessage([this](const std::string& text) { statusBar()->showMessage(QString::fromStdString(text), 5000); });
     addToolBar(Qt::TopToolBarArea, layerBar_);
@@ -233,6 +235,9 @@ void CadWindow::syncDocuments() {
             if (app_ && app_->hasDocument() && &app_->current() == d) layerBar_->refresh();
         };
         pages_.back()->marksChanged = [this] { showMarksSoon(); };
+        pages_.back()->snapsChanged = [this, d = document.get()] {
+            if (app_ && app_->hasDocument() && &app_->current() == d) statusBar_->sync();
+        };
         tabs_->addTab(pages_.back()->spaces, title(*document));
         if (document->titled()) remember(document->path());
     }
@@ -248,6 +253,7 @@ void CadWindow::showCurrent() {
     syncing_ = true;
     tabs_->setCurrentWidget(page->spaces);
     syncing_ = false;
+    statusBar_->sync();
     showMarks();
 }
 
@@ -319,6 +325,9 @@ void CadWindow::updateCompletions() {
 }
 
 void CadWindow::enterLine(const std::string& line) {
+    if (takeSnapOverride(line)) return;
+    // A typed point uses up an override as a pick does.
+    if (currentRequest().kind == commands::InputRequest::Kind::Point) snap_.pointGiven();
     if (runViewCommand(line)) return;
     // The line stands once after its prompt in the text window: the command processor
     // echoes what it takes, the window the rest.
@@ -380,11 +389,7 @@ void CadWindow::cancel() {
 
 DrawingView::Input CadWindow::viewInput() {
     DrawingView::Input input;
-    input.request = [this] {
-        if (viewCommand_) return viewCommand_->request();
-        if (waiting_) return waiting_->request;
-        return app_ ? app_->commands().request() : commands::InputRequest{};
-    };
+    input.request = [this] { return currentRequest(); };
     input.singlePick = [this] { return waiting_ && waiting_->singlePick; };
     input.point = [this](Vec2 at) { pointPicked(at); };
     input.objects = [this](const std::vector<Handle>& found, Vec2 at, bool remove) { objectsPicked(found, at, remove); };
@@ -393,13 +398,47 @@ DrawingView::Input CadWindow::viewInput() {
         QApplication::sendEvent(dock_->input(), event);
     };
     input.cancel = [this] { cancel(); };
-    input.cursor = [this](Vec2 at) {
-        coordinates_->setText(QString("%1, %2").arg(at.x, 0, 'f', 4).arg(at.y, 0, 'f', 4));
-    };
+    input.cursor = [this](Vec2 at) { statusBar_->showCursor(at); };
+    input.track = [this](Vec2 cursor, double scale) { return track(cursor, scale); };
     return input;
 }
 
+commands::InputRequest CadWindow::currentRequest() const {
+    if (viewCommand_) return viewCommand_->request();
+    if (waiting_) return waiting_->request;
+    return app_ ? app_->commands().request() : commands::InputRequest{};
+}
+
+TrackedPoint CadWindow::track(Vec2 cursor, double scale) const {
+    DrawingView* view = currentView();
+    if (!view || !app_ || !app_->hasDocument()) return {cursor, std::nullopt};
+    return snap_.track(view->scene(), app_->current().drawing(), cursor, scale, statusBar_->settings(),
+                       currentRequest().from);
+}
+
+bool CadWindow::takeSnapOverride(const std::string& line) {
+    if (currentRequest().kind != commands::InputRequest::Kind::Point || !snap_.takeOverride(line)) return false;
+    // The prompt stays: the override waits for the pick it applies to.
+    print(dock_->prompt() + line + "\n");
+    return true;
+}
+
+void CadWindow::connectStatusBar() {
+    StatusBar::Variables variables;
+    variables.get = [this](const char* name) -> std::optional<int> {
+        ardo::ResBuf value;
+        if (!app_ || !app_->hasDocument() || app_->getVar(app_->current(), name, value) != ardo::RTNORM) return std::nullopt;
+        return static_cast<int>(value.integer);
+    };
+    variables.set = [this](const char* name, int value) {
+        if (app_ && app_->hasDocument()) app_->setVar(app_->current(), name, ardo::ResBuf::shortInt(value));
+    };
+    variables.say = [this](const std::string& text) { print(text + "\n"); };
+    statusBar_->setVariables(std::move(variables));
+}
+
 void CadWindow::pointPicked(Vec2 at) {
+    snap_.pointGiven();
     if (viewCommand_) {
         print(dock_->prompt() + QString("%1,%2\n").arg(at.x).arg(at.y).toStdString());
         if (!viewCommand_->takePoint(at)) viewCommand_.reset();

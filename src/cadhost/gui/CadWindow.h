@@ -15,7 +15,6 @@
 #include "cadhost/gui/DrawingView.h"
 
 class QEventLoop;
-class QLabel;
 class QMenu;
 class QTabWidget;
 
@@ -28,6 +27,7 @@ namespace cadhost::gui {
 
 class CommandDock;
 class LayerBar;
+class StatusBar;
 class TextWindow;
 class ViewCommand;
 
@@ -48,6 +48,7 @@ public:
     DrawingView* currentView() const;
     CommandDock* commandDock() const { return dock_; }
     LayerBar* layerBar() const { return layerBar_; }
+    StatusBar* snapBar() const { return statusBar_; }
     // Enters a line as if typed at the command line.
     void enterLine(const std::string& line);
     // Opens drawings as File > Open does; false when one could not be read (the user was told).
@@ -116,6 +117,12 @@ private:
     void remember(const std::string& path);
     void fillRecentMenu();
     DrawingView::Input viewInput();
+    // What the prompt takes now: a point, objects or text.
+    commands::InputRequest currentRequest() const;
+    // A snap override typed at a point prompt; false when the line is none.
+    bool takeSnapOverride(const std::string& line);
+    TrackedPoint track(Vec2 cursor, double scale) const;
+    void connectStatusBar();
     void pointPicked(Vec2 at);
     void objectsPicked(const std::vector<Handle>& found, Vec2 at, bool remove);
     void answerPrompt(std::optional<PromptAnswer> answer);
@@ -127,7 +134,8 @@ private:
     QTabWidget* tabs_;
     CommandDock* dock_;
     LayerBar* layerBar_;
-    QLabel* coordinates_;
+    StatusBar* statusBar_;
+    ObjectSnap snap_;
     TextWindow* textWindow_ = nullptr;
     std::unique_ptr<ViewCommand> viewCommand_;
     bool viewTransparent_ = false;

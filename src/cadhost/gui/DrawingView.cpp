@@ -197,12 +197,21 @@ void DrawingView::drawRubberBand(QPainter& painter) {
         return;
     }
     const commands::InputRequest request = input_.request ? input_.request() : commands::InputRequest{};
-    if (request.kind != commands::InputRequest::Kind::Point || !request.from) return;
-    const QPointF from = toScreen({(*request.from)[0], (*request.from)[1]});
-    painter.setPen(QPen(Qt::white, 0, Qt::SolidLine));
-    painter.setBrush(Qt::NoBrush);
-    if (request.rectangle) painter.drawRect(QRectF(from, mouse_).normalized());
-    else painter.drawLine(from, mouse_);
+    const QPointF to = tracked_ ? toScreen(tracked_->at) : mouse_;
+    if (request.kind == commands::InputRequest::Kind::Point && request.from) {
+        const QPointF from = toScreen({(*request.from)[0], (*request.from)[1]});
+        painter.setPen(QPen(Qt::white, 0, Qt::SolidLine));
+        painter.setBrush(Qt::NoBrush);
+        if (request.rectangle) painter.drawRect(QRectF(from, to).normalized());
+        else painter.drawLine(from, to);
+    }
+    if (request.kind == commands::InputRequest::Kind::Point && tracked_ && tracked_->snap)
+        paintSnapMarker(painter, to, *tracked_->snap);
+}
+
+TrackedPoint DrawingView::trackedAt(QPointF screen) const {
+    const Vec2 world = toWorld(screen);
+    return input_.track ? input_.track(world, scale_) : TrackedPoint{world, std::nullopt};
 }
 
 void DrawingView::wheelEvent(QWheelEvent* event) {
@@ -238,7 +247,10 @@ void DrawingView::mouseMoveEvent(QMouseEvent* event) {
     mouse_ = at;
     if (input_.cursor) input_.cursor(toWorld(at));
     const auto request = input_.request ? input_.request() : commands::InputRequest{};
-    if (windowFrom_ || request.from) update();
+    const bool pointAsked = request.kind == commands::InputRequest::Kind::Point;
+    const bool marked = tracked_ && tracked_->snap;
+    tracked_ = pointAsked ? std::optional<TrackedPoint>(trackedAt(at)) : std::nullopt;
+    if (windowFrom_ || request.from || marked || (tracked_ && tracked_->snap)) update();
 }
 
 void DrawingView::mouseReleaseEvent(QMouseEvent* event) {
@@ -270,7 +282,9 @@ void DrawingView::keyPressEvent(QKeyEvent* event) {
 void DrawingView::click(QPointF at, bool shift) {
     const auto request = input_.request ? input_.request() : commands::InputRequest{};
     if (request.kind == commands::InputRequest::Kind::Point) {
-        if (input_.point) input_.point(toWorld(at));
+        const Vec2 given = trackedAt(at).at;
+        tracked_.reset();
+        if (input_.point) input_.point(given);
         return;
     }
     const auto hit = shown().pick(toWorld(at), kPickPixels / scale_);

@@ -14,6 +14,7 @@
 #include "cadhost/commands/InputRequest.h"
 #include "cadhost/commands/ViewControl.h"
 #include "cadhost/gui/LayoutScene.h"
+#include "cadhost/gui/ObjectSnap.h"
 #include "cadhost/gui/ScenePainter.h"
 
 class QPainter;
@@ -37,6 +38,9 @@ public:
         std::function<void()> cancel;
         // The cursor's world position, for the status bar.
         std::function<void(Vec2)> cursor;
+        // Where the cursor gives a point (snapped, or ortho from the base point) at
+        // `scale` pixels per unit; without it the cursor's own position.
+        std::function<TrackedPoint(Vec2 cursor, double scale)> track;
     };
 
     DrawingView(Drawing& drawing, Space space, QWidget* parent = nullptr);
@@ -111,6 +115,8 @@ private:
     // only the uncovered strips painted, or painted anew; then the highlights over a copy.
     void refreshPicture();
     void drawRubberBand(QPainter& painter);
+    // The point the cursor at `screen` gives to a point prompt.
+    TrackedPoint trackedAt(QPointF screen) const;
 
     Scene scene_;
     std::unique_ptr<LayoutScene> layout_;
@@ -124,6 +130,7 @@ private:
     std::optional<QPointF> windowFrom_;   // first corner of a selection window
     bool dragged_ = false;
     QPointF mouse_;
+    std::optional<TrackedPoint> tracked_;   // while a point is asked: where the cursor gives it
     std::vector<Handle> selection_;
     std::unordered_set<Handle> selected_;
 

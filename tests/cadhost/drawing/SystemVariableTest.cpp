@@ -30,6 +30,29 @@ TEST(SystemVariables, HeaderVariablesAreReadAndWrittenBack) {
     EXPECT_EQ(back.getVar("INSBASE")->point, (ardo::Point3{1, 2, 3}));
 }
 
+TEST(SystemVariables, SnapModesHaveDefaultsAndAreKeptInTheHeaderOnceSet) {
+    // A drawing from a program that does not write them.
+    Drawing bare = test::parseOrFail("  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  0\nENDSEC\n  0\nEOF\n");
+    EXPECT_EQ(*bare.getVar("OSMODE"), ResBuf::shortInt(37));
+    EXPECT_EQ(*bare.getVar("ORTHOMODE"), ResBuf::shortInt(0));
+    ASSERT_EQ(bare.setVar("OSMODE", ResBuf::shortInt(16384 + 512 + 1)), DbStatus::Ok);
+    ASSERT_EQ(bare.setVar("orthomode", ResBuf::shortInt(1)), DbStatus::Ok);
+    EXPECT_EQ(bare.setVar("OSMODE", ResBuf::str("END")), DbStatus::InvalidInput);
+    const std::string saved = bare.toDxf();
+    EXPECT_NE(saved.find("$OSMODE"), std::string::npos);
+    Drawing back = test::parseOrFail(saved);
+    EXPECT_EQ(*back.getVar("OSMODE"), ResBuf::shortInt(16384 + 512 + 1));
+    EXPECT_EQ(*back.getVar("ORTHOMODE"), ResBuf::shortInt(1));
+    // Setting it again replaces the value instead of adding a second one.
+    ASSERT_EQ(back.setVar("OSMODE", ResBuf::shortInt(2)), DbStatus::Ok);
+    const std::string again = back.toDxf();
+    EXPECT_EQ(again.find("$OSMODE"), again.rfind("$OSMODE"));
+    EXPECT_EQ(*test::parseOrFail(again).getVar("OSMODE"), ResBuf::shortInt(2));
+    // A new drawing has them in its header from the start.
+    Drawing fresh;
+    EXPECT_NE(fresh.toDxf().find("$ORTHOMODE"), std::string::npos);
+}
+
 TEST(SystemVariables, SessionVariablesAndReadOnlyOnes) {
     Drawing d;
     EXPECT_EQ(*d.getVar("CMDECHO"), ResBuf::shortInt(1));
