@@ -39,6 +39,10 @@ constexpr CommandEntry kCommands[] = {
     {"LAYCUR", makeLaycurCommand},
     {"LAYMCUR", makeLaymcurCommand},
     {"MAPEXPORT", makeMapExportCommand},
+    {"OFFSET", makeOffsetCommand},
+    {"STRETCH", makeStretchCommand},
+    {"TRIM", makeTrimCommand},
+    {"EXTEND", makeExtendCommand},
 };
 
 // Commands that have a "-" command-line form beside their dialog (MAPEXPORT is known by

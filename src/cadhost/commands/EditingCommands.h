@@ -19,5 +19,9 @@ std::unique_ptr<Command> makeChpropCommand(Context& context);
 std::unique_ptr<Command> makeMatchpropCommand(Context& context);
 std::unique_ptr<Command> makeLaycurCommand(Context& context);
 std::unique_ptr<Command> makeLaymcurCommand(Context& context);
+std::unique_ptr<Command> makeOffsetCommand(Context& context);
+std::unique_ptr<Command> makeStretchCommand(Context& context);
+std::unique_ptr<Command> makeTrimCommand(Context& context);
+std::unique_ptr<Command> makeExtendCommand(Context& context);
 
 }  // namespace cadhost::commands

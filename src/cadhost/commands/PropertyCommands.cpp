@@ -190,19 +190,11 @@ public:
     InputRequest request() const override { return picked_ ? ownRequest() : selection_.request(); }
     Step take(const ardo::ResBuf& input) final {
         if (picked_) return answer(input);
-        const ObjectSelection::Voice voice{[this](const std::string& text) { context_.echo(text); },
-                                           [this](const std::string& text) { context_.message(text); }};
         // Enter without an object ends the command, as the common hosts do.
         if (isEnter(input) && selection_.selected().empty()) return Step::Done;
-        switch (selection_.take(input, voice)) {
-            case ObjectSelection::Outcome::More:
-                if (selection_.selected().empty()) return Step::More;
-                break;
-            case ObjectSelection::Outcome::Refused: return Step::Refused;
-            case ObjectSelection::Outcome::Done:
-                if (selection_.selected().empty()) return Step::Done;
-                break;
-        }
+        const auto going = takeObjects(selection_, input, context_);
+        if (going == Step::Refused) return Step::Refused;
+        if (selection_.selected().empty()) return going ? Step::More : Step::Done;
         const auto entity = drawing_.entity(static_cast<Handle>(selection_.selected().front()));
         if (!entity) return Step::Done;
         picked_ = true;
@@ -262,13 +254,7 @@ private:
     std::string ownPrompt() const override { return "Select destination object(s): "; }
     InputRequest ownRequest() const override { return destinations_.request(); }
     Step answer(const ardo::ResBuf& input) override {
-        const ObjectSelection::Voice voice{[this](const std::string& text) { context_.echo(text); },
-                                           [this](const std::string& text) { context_.message(text); }};
-        switch (destinations_.take(input, voice)) {
-            case ObjectSelection::Outcome::More: return Step::More;
-            case ObjectSelection::Outcome::Refused: return Step::Refused;
-            case ObjectSelection::Outcome::Done: break;
-        }
+        if (const auto going = takeObjects(destinations_, input, context_)) return *going;
         const std::vector<Handle> entities = editableEntities(context_, destinations_.selected());
         setProperties(drawing_, entities,
                       {kColorCodes[0], kColorCodes[1], kColorCodes[2], kLinetype, kLinetypeScale, kLineweight, kThickness},

@@ -64,6 +64,25 @@ void segmentArc(const Segment& s, const Arc& arc, std::vector<ardo::Point3>& out
     }
 }
 
+void arcArc(const Arc& first, const Arc& second, std::vector<ardo::Point3>& out) {
+    const double dx = second.center[0] - first.center[0], dy = second.center[1] - first.center[1];
+    const double d = std::hypot(dx, dy);
+    // Concentric circles meet nowhere or everywhere; neither gives a point to cut at.
+    if (d < kTolerance || d > first.radius + second.radius + kTolerance ||
+        d < std::abs(first.radius - second.radius) - kTolerance)
+        return;
+    const double along = (first.radius * first.radius - second.radius * second.radius + d * d) / (2 * d);
+    const double h = std::sqrt(std::max(first.radius * first.radius - along * along, 0.0));
+    const double mx = first.center[0] + along * dx / d, my = first.center[1] + along * dy / d;
+    for (double sign : {-1.0, 1.0}) {
+        const ardo::Point3 p{mx - sign * h * dy / d, my + sign * h * dx / d, first.center[2]};
+        if (first.covers(std::atan2(p[1] - first.center[1], p[0] - first.center[0])) &&
+            second.covers(std::atan2(p[1] - second.center[1], p[0] - second.center[0])))
+            out.push_back(p);
+        if (h < kTolerance) break;   // touching: one point
+    }
+}
+
 // The ends of each piece and the loose points: what must lie inside a window.
 std::vector<ardo::Point3> vertices(const Shape& shape) {
     std::vector<ardo::Point3> out = shape.points;
@@ -107,6 +126,13 @@ std::vector<ardo::Point3> intersections(const Segment& segment, const Shape& sha
     std::vector<ardo::Point3> out;
     for (const Segment& s : shape.segments) segmentSegment(segment, s, out);
     for (const Arc& a : shape.arcs) segmentArc(segment, a, out);
+    return out;
+}
+
+std::vector<ardo::Point3> intersections(const Arc& arc, const Shape& shape) {
+    std::vector<ardo::Point3> out;
+    for (const Segment& s : shape.segments) segmentArc(s, arc, out);
+    for (const Arc& a : shape.arcs) arcArc(arc, a, out);
     return out;
 }
 

@@ -10,8 +10,9 @@ namespace cadhost::geometry {
 double distanceTo(const Shape& shape, const ardo::Point3& p);
 Extents extentsOf(const Shape& shape);
 
-// Points where a segment meets the shape's segments and arcs.
+// Points where a segment or an arc meets the shape's segments and arcs.
 std::vector<ardo::Point3> intersections(const Segment& segment, const Shape& shape);
+std::vector<ardo::Point3> intersections(const Arc& arc, const Shape& shape);
 
 // A closed polygon in the xy plane (the last vertex joins the first).
 using Polygon = std::vector<ardo::Point3>;
