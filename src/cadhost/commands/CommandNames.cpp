@@ -43,6 +43,9 @@ constexpr CommandEntry kCommands[] = {
     {"STRETCH", makeStretchCommand},
     {"TRIM", makeTrimCommand},
     {"EXTEND", makeExtendCommand},
+    {"PROPERTIES", makePropertiesCommand},
+    {"PR", makePropertiesCommand},
+    {"DDCHPROP", makePropertiesCommand},
 };
 
 // Commands that have a "-" command-line form beside their dialog (MAPEXPORT is known by

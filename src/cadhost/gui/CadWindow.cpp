@@ -25,6 +25,7 @@
 #include "cadhost/gui/DrawingReading.h"
 #include "cadhost/gui/CommandDock.h"
 #include "cadhost/gui/LayerBar.h"
+#include "cadhost/gui/PropertiesDialog.h"
 #include "cadhost/gui/TextWindow.h"
 #include "cadhost/gui/ViewCommand.h"
 
@@ -218,6 +219,11 @@ void CadWindow::syncDocuments() {
             if (app_ && app_->hasDocument() && &app_->current() == d) layerBar_->refresh();
         };
         pages_.back()->marksChanged = [this] { showMarksSoon(); };
+        // PROPERTIES opens its dialog here; the changes are part of the command's undo step.
+        document->commands().setPropertiesEditor([this, d = document.get()](const std::vector<std::uint64_t>& entities) {
+            PropertiesDialog dialog(d->drawing(), entities, this);
+            if (dialog.exec() == QDialog::Accepted) commands::applyProperties(d->drawing(), entities, dialog.changes());
+        });
         tabs_->addTab(view, title(*document));
         if (document->titled()) remember(document->path());
     }
