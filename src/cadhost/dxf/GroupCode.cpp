@@ -27,6 +27,8 @@ bool startsPoint(int code) {
     return in(code, 10, 18) || in(code, 110, 112) || in(code, 1010, 1013);
 }
 
+bool isAngleGroup(int code) { return in(code, 50, 58); }
+
 bool isValidGroupCode(int code) { return in(code, -5, 1071); }
 
 }  // namespace cadhost

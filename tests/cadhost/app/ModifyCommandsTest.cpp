@@ -68,10 +68,10 @@ protected:
         draw("(entmake (list '(0 . \"LINE\") (list 10 " + rounded(x0) + " " + rounded(y0) + ") (list 11 " + rounded(x1) +
              " " + rounded(y1) + ")))");
     }
-    // Angles in degrees.
+    // Angles in degrees here, in radians for entmake.
     void arc(double cx, double cy, double r, double from, double to) {
         draw("(entmake (list '(0 . \"ARC\") (list 10 " + rounded(cx) + " " + rounded(cy) + ") (cons 40 " + rounded(r) +
-             ") (cons 50 " + rounded(from) + ") (cons 51 " + rounded(to) + ")))");
+             ") (cons 50 (* pi (/ " + rounded(from) + " 180.0))) (cons 51 (* pi (/ " + rounded(to) + " 180.0)))))");
     }
     std::string now() { return describe(first.drawing()); }
 };
