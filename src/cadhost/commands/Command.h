@@ -9,6 +9,7 @@
 
 #include "cadhost/colors/ColorServices.h"
 #include "cadhost/commands/InputRequest.h"
+#include "cadhost/commands/ViewControl.h"
 #include "boundary/ResBuf.h"
 
 namespace cadhost {
@@ -35,6 +36,8 @@ struct Context {
     // A window's properties dialog for the entities (handles) a command selected; unset on
     // the console, where PROPERTIES asks as CHPROP does.
     std::function<void(const std::vector<std::uint64_t>&)> editProperties;
+    // The view that ZOOM and PAN change; null (or no function) in the console.
+    std::function<ViewControl*()> view;
 
     // Messages are printed whatever CMDECHO says.
     void message(const std::string& text) const {
@@ -66,6 +69,8 @@ std::unique_ptr<Command> makeLayerCommand(Context& context);
 std::unique_ptr<Command> makeVplayerCommand(Context& context);
 std::unique_ptr<Command> makeSelectCommand(Context& context);
 std::unique_ptr<Command> makeRegenallCommand(Context& context);
+std::unique_ptr<Command> makeZoomCommand(Context& context);
+std::unique_ptr<Command> makePanCommand(Context& context);
 std::unique_ptr<Command> makeQsaveCommand(Context& context);
 std::unique_ptr<Command> makeSaveasCommand(Context& context);
 std::unique_ptr<Command> makeMenuloadCommand(Context& context);
