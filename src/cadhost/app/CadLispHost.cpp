@@ -1,6 +1,9 @@
 #include "cadhost/app/CadLispHost.h"
 
+#include <cmath>
+
 #include "cadhost/app/Application.h"
+#include "cadhost/dxf/GroupCode.h"
 #include "cadhost/lisp/Interpreter.h"
 #include "base/CaseFold.h"
 
@@ -64,10 +67,18 @@ std::int64_t CadLispHost::entLast() {
     return last;
 }
 
-bool CadLispHost::entGet(std::int64_t entity, ResBufChain& groups) {
-    groups = document_.drawing().entityList(static_cast<Handle>(entity));
+bool CadLispHost::entGet(std::int64_t entity, ResBufChain& groups) { return entityGroups(entity, false, groups); }
+
+bool CadLispHost::entGetWithExtendedData(std::int64_t entity, ResBufChain& groups) {
+    return entityGroups(entity, true, groups);
+}
+
+bool CadLispHost::entityGroups(std::int64_t entity, bool withExtendedData, ResBufChain& groups) {
+    groups = document_.drawing().entityList(static_cast<Handle>(entity), withExtendedData);
     if (groups.empty()) return false;
     groups.erase(groups.begin());   // the (-1 . name) the interpreter adds itself
+    for (ResBuf& g : groups)
+        if (isAngleGroup(g.restype)) g.real *= M_PI / 180;
     return true;
 }
 

@@ -31,6 +31,7 @@ public:
     std::int64_t entLast() override;
     std::int64_t entMake(const ardo::ResBufChain& groups) override;
     bool entGet(std::int64_t entity, ardo::ResBufChain& groups) override;
+    bool entGetWithExtendedData(std::int64_t entity, ardo::ResBufChain& groups) override;
     bool entMod(std::int64_t entity, const ardo::ResBufChain& groups) override;
     bool entDel(std::int64_t entity) override;
     std::int64_t handEnt(const std::string& handle) override;
@@ -45,6 +46,8 @@ public:
 
 private:
     std::vector<std::string> recordNames(const std::string& table) const;
+    // entget's list without the (-1 . name), angles in radians.
+    bool entityGroups(std::int64_t entity, bool withExtendedData, ardo::ResBufChain& groups);
 
     struct TableWalk {
         std::vector<std::string> names;

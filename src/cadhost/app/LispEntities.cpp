@@ -36,6 +36,12 @@ std::string_view subclassOf(std::string_view type) {
     return {};
 }
 
+// Registers the applications that extended data in the groups names.
+void registerApplications(Drawing& drawing, const ardo::ResBufChain& groups) {
+    for (const ardo::ResBuf& g : groups)
+        if (g.restype == 1001) drawing.registerApplication(g.text);
+}
+
 void appendGroup(std::vector<EntityTag>& tags, const ardo::ResBuf& g) {
     const int code = g.restype;
     // Names, handles and owners are the drawing's to give.
@@ -50,7 +56,7 @@ void appendGroup(std::vector<EntityTag>& tags, const ardo::ResBuf& g) {
         case ValueKind::Double: {
             // (40 . 2) gives an integer where a real belongs.
             const double value = g.real != 0 ? g.real : static_cast<double>(g.integer);
-            tags.push_back({code, commands::dxfNumber(value)});
+            tags.push_back({code, isAngleGroup(code) ? commands::dxfDegrees(value) : commands::dxfNumber(value)});
             return;
         }
         default: tags.push_back({code, std::to_string(g.integer)}); return;
@@ -91,6 +97,7 @@ std::int64_t CadLispHost::entMake(const ardo::ResBufChain& groups) {
             appendGroup(tags, *g);
         }
     }
+    registerApplications(drawing, groups);
     const auto made = drawing.makeEntity(tags);
     return made ? static_cast<std::int64_t>(*made) : 0;
 }
@@ -117,6 +124,7 @@ bool CadLispHost::entMod(std::int64_t entity, const ardo::ResBufChain& groups) {
         }
         appendGroup(tags, g);
     }
+    registerApplications(drawing, groups);
     return drawing.modifyEntity(handle, tags) == ardo::DbStatus::Ok;
 }
 

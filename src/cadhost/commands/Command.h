@@ -33,6 +33,9 @@ struct Context {
     std::vector<MenuGroup> menuGroups;
     const ColorServices* colors = nullptr;
     UndoHistory* undo = nullptr;
+    // A window's properties dialog for the entities (handles) a command selected; unset on
+    // the console, where PROPERTIES asks as CHPROP does.
+    std::function<void(const std::vector<std::uint64_t>&)> editProperties;
     // The view that ZOOM and PAN change; null (or no function) in the console.
     std::function<ViewControl*()> view;
 

@@ -41,6 +41,13 @@ constexpr CommandEntry kCommands[] = {
     {"LAYCUR", makeLaycurCommand},
     {"LAYMCUR", makeLaymcurCommand},
     {"MAPEXPORT", makeMapExportCommand},
+    {"OFFSET", makeOffsetCommand},
+    {"STRETCH", makeStretchCommand},
+    {"TRIM", makeTrimCommand},
+    {"EXTEND", makeExtendCommand},
+    {"PROPERTIES", makePropertiesCommand},
+    {"PR", makePropertiesCommand},
+    {"DDCHPROP", makePropertiesCommand},
 };
 
 // Commands that have a "-" command-line form beside their dialog (MAPEXPORT is known by

@@ -59,6 +59,10 @@ CommandProcessor::CommandProcessor(Environment env) : impl_(std::make_unique<Imp
 
 CommandProcessor::~CommandProcessor() = default;
 
+void CommandProcessor::setPropertiesEditor(std::function<void(const std::vector<std::uint64_t>&)> edit) {
+    impl_->context.editProperties = std::move(edit);
+}
+
 void CommandProcessor::setDrawing(Drawing* drawing) {
     cancel();
     impl_->context.drawing = drawing;

@@ -40,6 +40,9 @@ public:
     CommandProcessor(const CommandProcessor&) = delete;
     CommandProcessor& operator=(const CommandProcessor&) = delete;
 
+    // The dialog PROPERTIES opens in a window for the entities it selected.
+    void setPropertiesEditor(std::function<void(const std::vector<std::uint64_t>&)> edit);
+
     // Switches to another drawing (a command in progress is cancelled).
     void setDrawing(Drawing* drawing);
 

@@ -54,13 +54,7 @@ InputRequest EditingCommand::request() const { return selecting_ ? selection_.re
 
 Step EditingCommand::take(const ardo::ResBuf& input) {
     if (!selecting_) return answer(input);
-    const ObjectSelection::Voice voice{[this](const std::string& text) { context_.echo(text); },
-                                       [this](const std::string& text) { context_.message(text); }};
-    switch (selection_.take(input, voice)) {
-        case ObjectSelection::Outcome::More: return Step::More;
-        case ObjectSelection::Outcome::Refused: return Step::Refused;
-        case ObjectSelection::Outcome::Done: break;
-    }
+    if (const auto going = takeObjects(selection_, input, context_)) return *going;
     context_.previousSelection = selection_.selected();
     entities_ = editableEntities(context_, selection_.selected());
     if (entities_.empty()) return Step::Done;

@@ -31,6 +31,8 @@ protected:
     virtual InputRequest ownRequest() const { return {}; }
     virtual Step answer(const ardo::ResBuf& input) = 0;
 
+    const ObjectSelection& selection() const { return selection_; }
+
     Context& context_;
     Drawing& drawing_;
     std::vector<Handle> entities_;

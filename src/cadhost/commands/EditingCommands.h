@@ -16,8 +16,13 @@ std::unique_ptr<Command> makeRotateCommand(Context& context);
 std::unique_ptr<Command> makeScaleCommand(Context& context);
 std::unique_ptr<Command> makeMirrorCommand(Context& context);
 std::unique_ptr<Command> makeChpropCommand(Context& context);
+std::unique_ptr<Command> makePropertiesCommand(Context& context);
 std::unique_ptr<Command> makeMatchpropCommand(Context& context);
 std::unique_ptr<Command> makeLaycurCommand(Context& context);
 std::unique_ptr<Command> makeLaymcurCommand(Context& context);
+std::unique_ptr<Command> makeOffsetCommand(Context& context);
+std::unique_ptr<Command> makeStretchCommand(Context& context);
+std::unique_ptr<Command> makeTrimCommand(Context& context);
+std::unique_ptr<Command> makeExtendCommand(Context& context);
 
 }  // namespace cadhost::commands

@@ -13,11 +13,6 @@ namespace {
 
 constexpr double kTwoPi = 2 * std::numbers::pi;
 
-double normalized(double radians) {
-    double a = std::fmod(radians, kTwoPi);
-    return a < 0 ? a + kTwoPi : a;
-}
-
 double number(const std::string& text) { return parseReal(text).value_or(0.0); }
 
 // The value of the first tag with `code` after position `from`, as an index.
@@ -48,15 +43,6 @@ void scaleValue(std::vector<EntityTag>& tags, int code, double factor) {
     if (const auto i = find(tags, code)) tags[*i].value = dxfNumber(number(tags[*i].value) * factor);
 }
 
-void setValue(std::vector<EntityTag>& tags, int code, double value) {
-    if (const auto i = find(tags, code)) {
-        tags[*i].value = dxfNumber(value);
-    } else if (value != 0) {   // absent means 0; a new value goes before extended data
-        const auto xdata = std::find_if(tags.begin(), tags.end(), [](const EntityTag& t) { return t.code == 1001; });
-        tags.insert(xdata, {code, dxfNumber(value)});
-    }
-}
-
 double degrees(double radians) { return radians * 180 / std::numbers::pi; }
 double radians(double degrees) { return degrees * std::numbers::pi / 180; }
 double angleOf(const std::vector<EntityTag>& tags, int code) {
@@ -65,6 +51,20 @@ double angleOf(const std::vector<EntityTag>& tags, int code) {
 }
 
 }  // namespace
+
+double normalizedAngle(double radians) {
+    double a = std::fmod(radians, kTwoPi);
+    return a < 0 ? a + kTwoPi : a;
+}
+
+void setGroupNumber(std::vector<EntityTag>& tags, int code, double value) {
+    if (const auto i = find(tags, code)) {
+        tags[*i].value = dxfNumber(value);
+    } else if (value != 0) {   // absent means 0; a new value goes before extended data
+        const auto xdata = std::find_if(tags.begin(), tags.end(), [](const EntityTag& t) { return t.code == 1001; });
+        tags.insert(xdata, {code, dxfNumber(value)});
+    }
+}
 
 Transform Transform::translation(const ardo::Point3& by) {
     Transform t;
@@ -106,7 +106,7 @@ ardo::Point3 Transform::vector(const ardo::Point3& v) const {
 
 double Transform::angle(double radians) const {
     const ardo::Point3 d = vector({std::cos(radians), std::sin(radians), 0});
-    return normalized(std::atan2(d[1], d[0]));
+    return normalizedAngle(std::atan2(d[1], d[0]));
 }
 
 double Transform::scale() const { return std::sqrt(std::abs(m_[0][0] * m_[1][1] - m_[0][1] * m_[1][0])); }
@@ -127,8 +127,8 @@ std::optional<std::vector<EntityTag>> transformedTags(std::vector<EntityTag> tag
             double start = t.angle(angleOf(tags, 50)), end = t.angle(angleOf(tags, 51));
             // A mirrored arc runs the other way round: its ends change places.
             if (t.mirrored()) std::swap(start, end);
-            setValue(tags, 50, degrees(start));
-            setValue(tags, 51, degrees(end));
+            setGroupNumber(tags, 50, degrees(start));
+            setGroupNumber(tags, 51, degrees(end));
         }
     } else if (type == "LWPOLYLINE") {
         for (std::size_t i = 0; i < tags.size() && tags[i].code != 1001; ++i) {
@@ -147,17 +147,17 @@ std::optional<std::vector<EntityTag>> transformedTags(std::vector<EntityTag> tag
             scaleValue(tags, 41, t.mirrored() ? -s : s);
             scaleValue(tags, 42, s);
             scaleValue(tags, 43, s);
-            if (!find(tags, 41) && s != 1) setValue(tags, 41, t.mirrored() ? -s : s);
-            if (!find(tags, 42) && s != 1) setValue(tags, 42, s);
-            if (!find(tags, 43) && s != 1) setValue(tags, 43, s);
+            if (!find(tags, 41) && s != 1) setGroupNumber(tags, 41, t.mirrored() ? -s : s);
+            if (!find(tags, 42) && s != 1) setGroupNumber(tags, 42, s);
+            if (!find(tags, 43) && s != 1) setGroupNumber(tags, 43, s);
         } else {
             scaleValue(tags, 40, s);
         }
         // Texts stay readable in a mirror image; a mirrored block turns half round after
         // its x scale changed sign.
         const double rotation = angleOf(tags, 50);
-        if (!t.mirrored()) setValue(tags, 50, degrees(t.angle(rotation)));
-        else if (type == "INSERT") setValue(tags, 50, degrees(normalized(t.angle(rotation) + std::numbers::pi)));
+        if (!t.mirrored()) setGroupNumber(tags, 50, degrees(t.angle(rotation)));
+        else if (type == "INSERT") setGroupNumber(tags, 50, degrees(normalizedAngle(t.angle(rotation) + std::numbers::pi)));
     } else if (type == "ELLIPSE") {
         transformPoint(tags, 10, t);
         if (const auto i = find(tags, 11)) transformPointAt(tags, *i, t, true);

@@ -36,4 +36,11 @@ private:
 // attributes) the tags do not hold.
 std::optional<std::vector<EntityTag>> transformedTags(std::vector<EntityTag> tags, const Transform& transform);
 
+// The angle in [0, 2pi).
+double normalizedAngle(double radians);
+
+// Sets the first group with `code` of the entity's own data; a group that is absent is
+// added before extended data unless the value is 0, its default.
+void setGroupNumber(std::vector<EntityTag>& tags, int code, double value);
+
 }  // namespace cadhost::commands

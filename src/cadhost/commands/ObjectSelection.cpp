@@ -59,7 +59,7 @@ std::vector<std::int64_t> ObjectSelection::everything() const {
     return out;
 }
 
-std::vector<std::int64_t> ObjectSelection::regionResult() const {
+std::vector<std::int64_t> ObjectSelection::regionResult() {
     using geometry::Region;
     switch (shape_) {
         case Shape::Window:
@@ -68,12 +68,15 @@ std::vector<std::int64_t> ObjectSelection::regionResult() const {
             // common hosts.
             const bool crossing =
                 shape_ == Shape::Crossing || (implied_ && points_[1][0] < points_[0][0]);
-            return ids(geometry::selectByPolygon(drawing_, geometry::rectangle(points_[0], points_[1]),
-                                                 crossing ? Region::Crossing : Region::Window));
+            regions_.push_back(geometry::rectangle(points_[0], points_[1]));
+            return ids(geometry::selectByPolygon(drawing_, regions_.back(), crossing ? Region::Crossing : Region::Window));
         }
         case Shape::Fence: return ids(geometry::selectByFence(drawing_, points_));
-        case Shape::WPolygon: return ids(geometry::selectByPolygon(drawing_, points_, Region::Window));
-        case Shape::CPolygon: return ids(geometry::selectByPolygon(drawing_, points_, Region::Crossing));
+        case Shape::WPolygon:
+        case Shape::CPolygon:
+            regions_.push_back(points_);
+            return ids(geometry::selectByPolygon(drawing_, points_,
+                                                 shape_ == Shape::WPolygon ? Region::Window : Region::Crossing));
     }
     return {};
 }

@@ -38,13 +38,15 @@ public:
     Outcome add(const std::vector<std::int64_t>& found, const Voice& voice);
 
     const std::vector<std::int64_t>& selected() const { return selected_; }
+    // The windows and polygons the objects were chosen by (STRETCH moves what lies in them).
+    const std::vector<geometry::Polygon>& regions() const { return regions_; }
 
 private:
     enum class Stage { Objects, FirstCorner, OppositeCorner, FirstVertex, NextVertex };
     enum class Shape { Window, Crossing, Fence, WPolygon, CPolygon };
 
     std::optional<ardo::Point3> pointOf(const ardo::ResBuf& input) const;
-    std::vector<std::int64_t> regionResult() const;
+    std::vector<std::int64_t> regionResult();
     std::vector<std::int64_t> everything() const;
 
     const Drawing& drawing_;
@@ -58,6 +60,7 @@ private:
     Shape shape_ = Shape::Window;
     bool implied_ = false;
     std::vector<ardo::Point3> points_;
+    std::vector<geometry::Polygon> regions_;
 };
 
 // One input of a command's "Select objects:" prompt, with the counts echoed and complaints

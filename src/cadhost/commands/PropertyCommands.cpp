@@ -1,5 +1,5 @@
 // CHPROP (colour, layer, linetype, linetype scale, lineweight, thickness of the selected
-// objects), MATCHPROP (those of one object onto others), LAYCUR (objects to the current
+// objects), PROPERTIES (a window's dialog for them, CHPROP on the console), MATCHPROP (those of one object onto others), LAYCUR (objects to the current
 // layer) and LAYMCUR (the current layer from an object).
 #include <algorithm>
 
@@ -9,48 +9,22 @@
 #include "cadhost/commands/EditingCommands.h"
 #include "cadhost/commands/LayerValues.h"
 #include "cadhost/commands/NewEntity.h"
+#include "cadhost/commands/PropertyGroups.h"
 #include "cadhost/commands/TypedInput.h"
 
 namespace cadhost::commands {
 
 namespace {
 
-// The entity properties these commands set, by their group codes.
-constexpr int kColorCodes[] = {62, 420, 430};
-constexpr int kLayer = 8, kLinetype = 6, kLinetypeScale = 48, kLineweight = 370, kThickness = 39;
-
-// Sets the entities' groups: each code in `remove` goes, `set` replaces or adds its tags
-// (before extended data). Counted as the common hosts count changed objects.
-void setProperties(Drawing& drawing, const std::vector<Handle>& entities, std::vector<int> remove,
-                   const std::vector<EntityTag>& set) {
-    for (const EntityTag& t : set) remove.push_back(t.code);
-    for (Handle h : entities) {
-        std::vector<EntityTag> tags = drawing.entityTags(h);
-        auto own = std::find_if(tags.begin(), tags.end(), [](const EntityTag& t) { return t.code == 1001; });
-        own = tags.erase(std::remove_if(tags.begin(), own,
-                                        [&](const EntityTag& t) {
-                                            return std::find(remove.begin(), remove.end(), t.code) != remove.end();
-                                        }),
-                         own);
-        // After the layer (or the subclass marker that precedes it), where writers put them.
-        auto at = std::find_if(tags.begin(), own, [](const EntityTag& t) { return t.code == kLayer; });
-        at = at == own ? own : at + 1;
-        tags.insert(at, set.begin(), set.end());
-        drawing.modifyEntity(h, tags);
-    }
-}
-
-// A colour as CHPROP takes it: BYLAYER, BYBLOCK, an index or name, "r,g,b". The groups
-// for it (none for BYLAYER), or nothing for input that names no colour.
-std::optional<std::vector<EntityTag>> colorGroups(const ardo::ResBuf& input, const ColorServices* colors) {
+// A colour as CHPROP takes it: BYLAYER, BYBLOCK, an index or name, "r,g,b"; nothing for
+// input that names no colour.
+std::optional<ardo::HostColor> typedColor(const ardo::ResBuf& input, const ColorServices* colors) {
     const std::string text = ardo::upperCase(ardo::trimWhite(inputText(input)));
-    if (text == "BYLAYER" || text == "256") return std::vector<EntityTag>{};
-    if (text == "BYBLOCK" || text == "0") return std::vector<EntityTag>{{62, "0"}};
+    if (text == "BYLAYER" || text == "256") return ardo::HostColor::byLayer();
+    if (text == "BYBLOCK" || text == "0") return ardo::HostColor::byBlock();
     if (!colors) return std::nullopt;
-    if (const auto index = layerIndexColor(input, *colors)) return std::vector<EntityTag>{{62, std::to_string(index->index)}};
-    if (const auto rgb = layerTrueColor(input, *colors))
-        return std::vector<EntityTag>{{420, std::to_string(rgb->red * 65536 + rgb->green * 256 + rgb->blue)}};
-    return std::nullopt;
+    if (const auto index = layerIndexColor(input, *colors)) return index;
+    return layerTrueColor(input, *colors);
 }
 
 // A lineweight as typed: ByLayer, ByBlock, Default, or millimetres of the standard list.
@@ -97,20 +71,20 @@ private:
         const std::string text(ardo::trimWhite(inputText(input)));
         switch (stage_) {
             case Stage::Color: {
-                const auto groups = isEnter(input) ? std::optional(std::vector<EntityTag>{}) : colorGroups(input, context_.colors);
-                if (!groups) return complain("Invalid color.  Enter a color name or a number from 0 to 256.\n");
-                setProperties(drawing_, entities_, {std::begin(kColorCodes), std::end(kColorCodes)}, *groups);
+                const auto color = isEnter(input) ? std::optional(ardo::HostColor::byLayer()) : typedColor(input, context_.colors);
+                if (!color) return complain("Invalid color.  Enter a color name or a number from 0 to 256.\n");
+                setProperties(drawing_, entities_, {std::begin(kColorCodes), std::end(kColorCodes)}, colorGroups(*color));
                 return true;
             }
             case Stage::Layer: {
                 const auto layer = drawing_.findLayer(isEnter(input) ? drawing_.getVar("CLAYER")->text : text);
                 if (!layer) return complain("Cannot find layer \"" + text + "\".\n");
-                setProperties(drawing_, entities_, {}, {{kLayer, layer->name}});
+                setProperties(drawing_, entities_, {}, {{kLayerCode, layer->name}});
                 return true;
             }
             case Stage::Linetype: {
                 if (isEnter(input) || ardo::equalsNoCase(text, "BYLAYER")) {
-                    setProperties(drawing_, entities_, {kLinetype}, {});
+                    setProperties(drawing_, entities_, {kLinetypeCode}, {});
                     return true;
                 }
                 const auto names = drawing_.linetypeNames();
@@ -118,7 +92,7 @@ private:
                                                 [&](const std::string& n) { return ardo::equalsNoCase(n, text); });
                 if (found == names.end())
                     return complain("Linetype " + text + " not found.  Use the LINETYPE command to load it.\n");
-                setProperties(drawing_, entities_, {}, {{kLinetype, *found}});
+                setProperties(drawing_, entities_, {}, {{kLinetypeCode, *found}});
                 return true;
             }
             case Stage::LinetypeScale:
@@ -129,15 +103,15 @@ private:
                 if (scale && *value <= 0) return complain("Value must be positive and nonzero.\n");
                 // The default value is written by leaving the group out.
                 const bool plain = *value == (scale ? 1.0 : 0.0);
-                const int code = scale ? kLinetypeScale : kThickness;
+                const int code = scale ? kLinetypeScaleCode : kThicknessCode;
                 setProperties(drawing_, entities_, {code}, plain ? std::vector<EntityTag>{} : std::vector<EntityTag>{{code, dxfNumber(*value)}});
                 return true;
             }
             case Stage::Lineweight: {
                 const auto weight = isEnter(input) ? std::optional(-1) : lineweightInput(input);
                 if (!weight) return complain("Invalid lineweight.  Enter a standard lineweight in millimetres, ByLayer, ByBlock or Default.\n");
-                setProperties(drawing_, entities_, {kLineweight},
-                              *weight == -1 ? std::vector<EntityTag>{} : std::vector<EntityTag>{{kLineweight, std::to_string(*weight)}});
+                setProperties(drawing_, entities_, {kLineweightCode},
+                              *weight == -1 ? std::vector<EntityTag>{} : std::vector<EntityTag>{{kLineweightCode, std::to_string(*weight)}});
                 return true;
             }
             case Stage::Property: break;
@@ -190,19 +164,11 @@ public:
     InputRequest request() const override { return picked_ ? ownRequest() : selection_.request(); }
     Step take(const ardo::ResBuf& input) final {
         if (picked_) return answer(input);
-        const ObjectSelection::Voice voice{[this](const std::string& text) { context_.echo(text); },
-                                           [this](const std::string& text) { context_.message(text); }};
         // Enter without an object ends the command, as the common hosts do.
         if (isEnter(input) && selection_.selected().empty()) return Step::Done;
-        switch (selection_.take(input, voice)) {
-            case ObjectSelection::Outcome::More:
-                if (selection_.selected().empty()) return Step::More;
-                break;
-            case ObjectSelection::Outcome::Refused: return Step::Refused;
-            case ObjectSelection::Outcome::Done:
-                if (selection_.selected().empty()) return Step::Done;
-                break;
-        }
+        const auto going = takeObjects(selection_, input, context_);
+        if (going == Step::Refused) return Step::Refused;
+        if (selection_.selected().empty()) return going ? Step::More : Step::Done;
         const auto entity = drawing_.entity(static_cast<Handle>(selection_.selected().front()));
         if (!entity) return Step::Done;
         picked_ = true;
@@ -252,8 +218,8 @@ private:
     Step picked(const EntityInfo& entity) override {
         for (const EntityTag& t : drawing_.entityTags(entity.handle)) {
             if (t.code == 1001) break;
-            if (t.code == kLayer || t.code == kLinetype || t.code == kLinetypeScale || t.code == kLineweight ||
-                t.code == kThickness || std::find(std::begin(kColorCodes), std::end(kColorCodes), t.code) != std::end(kColorCodes))
+            if (t.code == kLayerCode || t.code == kLinetypeCode || t.code == kLinetypeScaleCode || t.code == kLineweightCode ||
+                t.code == kThicknessCode || std::find(std::begin(kColorCodes), std::end(kColorCodes), t.code) != std::end(kColorCodes))
                 properties_.push_back(t);
         }
         context_.echo("Current active settings: Color Layer Ltype Ltscale Lineweight Thickness\n");
@@ -262,16 +228,10 @@ private:
     std::string ownPrompt() const override { return "Select destination object(s): "; }
     InputRequest ownRequest() const override { return destinations_.request(); }
     Step answer(const ardo::ResBuf& input) override {
-        const ObjectSelection::Voice voice{[this](const std::string& text) { context_.echo(text); },
-                                           [this](const std::string& text) { context_.message(text); }};
-        switch (destinations_.take(input, voice)) {
-            case ObjectSelection::Outcome::More: return Step::More;
-            case ObjectSelection::Outcome::Refused: return Step::Refused;
-            case ObjectSelection::Outcome::Done: break;
-        }
+        if (const auto going = takeObjects(destinations_, input, context_)) return *going;
         const std::vector<Handle> entities = editableEntities(context_, destinations_.selected());
         setProperties(drawing_, entities,
-                      {kColorCodes[0], kColorCodes[1], kColorCodes[2], kLinetype, kLinetypeScale, kLineweight, kThickness},
+                      {kColorCodes[0], kColorCodes[1], kColorCodes[2], kLinetypeCode, kLinetypeScaleCode, kLineweightCode, kThicknessCode},
                       properties_);
         return Step::Done;
     }
@@ -280,8 +240,26 @@ private:
     std::vector<EntityTag> properties_;
 };
 
+// PROPERTIES in a window: the selected objects go to the window's properties dialog.
+class PropertiesCommand final : public SelectingCommand {
+public:
+    using SelectingCommand::SelectingCommand;
+
+private:
+    Step selected(const std::vector<std::int64_t>& entities) override {
+        context_.previousSelection = entities;
+        const std::vector<Handle> editable = editableEntities(context_, entities);
+        if (!editable.empty()) context_.editProperties(editable);
+        return Step::Done;
+    }
+};
+
 }  // namespace
 
+std::unique_ptr<Command> makePropertiesCommand(Context& context) {
+    if (context.editProperties) return std::make_unique<PropertiesCommand>(context);
+    return std::make_unique<ChpropCommand>(context);
+}
 std::unique_ptr<Command> makeChpropCommand(Context& context) { return std::make_unique<ChpropCommand>(context); }
 std::unique_ptr<Command> makeLaycurCommand(Context& context) { return std::make_unique<LaycurCommand>(context); }
 std::unique_ptr<Command> makeLaymcurCommand(Context& context) { return std::make_unique<LaymcurCommand>(context); }

@@ -8,6 +8,7 @@
 #include "cadhost/commands/EditingCommands.h"
 #include "cadhost/commands/EntityTransform.h"
 #include "cadhost/commands/NewEntity.h"
+#include "cadhost/commands/Stretch.h"
 #include "cadhost/commands/TypedInput.h"
 
 namespace cadhost::commands {
@@ -16,11 +17,18 @@ namespace {
 
 ardo::Point3 difference(const ardo::Point3& a, const ardo::Point3& b) { return {a[0] - b[0], a[1] - b[1], a[2] - b[2]}; }
 
-// MOVE and COPY: a base point and a second point, or a displacement. COPY places copies
-// until Enter or Exit; Undo takes back the last placement.
+// MOVE, COPY and STRETCH: a base point and a second point, or a displacement. COPY places
+// copies until Enter or Exit; Undo takes back the last placement. STRETCH moves what lies
+// in the crossing windows the objects were chosen by.
 class DisplaceCommand final : public EditingCommand {
 public:
-    DisplaceCommand(Context& context, bool copy) : EditingCommand(context), copy_(copy) {}
+    enum class Kind { Move, Copy, Stretch };
+    DisplaceCommand(Context& context, Kind kind) : EditingCommand(context), copy_(kind == Kind::Copy), kind_(kind) {}
+
+    Step start() override {
+        if (kind_ == Kind::Stretch) context_.echo("Select objects to stretch by crossing-window or crossing-polygon...\n");
+        return Step::More;
+    }
 
 private:
     enum class Stage { Base, Displacement, Second };
@@ -90,10 +98,12 @@ private:
     }
 
     void place(const ardo::Point3& by) {
-        placed_.push_back(transformEntities(context_, entities_, Transform::translation(by), copy_));
+        if (kind_ == Kind::Stretch) stretchEntities(context_, entities_, selection().regions(), by);
+        else placed_.push_back(transformEntities(context_, entities_, Transform::translation(by), copy_));
     }
 
     bool copy_;
+    Kind kind_;
     Stage stage_ = Stage::Base;
     ardo::Point3 base_{};
     std::vector<std::vector<Handle>> placed_;   // the copies of each placement
@@ -247,8 +257,15 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Command> makeMoveCommand(Context& context) { return std::make_unique<DisplaceCommand>(context, false); }
-std::unique_ptr<Command> makeCopyCommand(Context& context) { return std::make_unique<DisplaceCommand>(context, true); }
+std::unique_ptr<Command> makeMoveCommand(Context& context) {
+    return std::make_unique<DisplaceCommand>(context, DisplaceCommand::Kind::Move);
+}
+std::unique_ptr<Command> makeCopyCommand(Context& context) {
+    return std::make_unique<DisplaceCommand>(context, DisplaceCommand::Kind::Copy);
+}
+std::unique_ptr<Command> makeStretchCommand(Context& context) {
+    return std::make_unique<DisplaceCommand>(context, DisplaceCommand::Kind::Stretch);
+}
 std::unique_ptr<Command> makeRotateCommand(Context& context) { return std::make_unique<AboutBaseCommand>(context, true); }
 std::unique_ptr<Command> makeScaleCommand(Context& context) { return std::make_unique<AboutBaseCommand>(context, false); }
 std::unique_ptr<Command> makeMirrorCommand(Context& context) { return std::make_unique<MirrorCommand>(context); }

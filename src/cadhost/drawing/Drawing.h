@@ -209,8 +209,12 @@ public:
     // The entity's own tags as in the file (extended data included), decoded to UTF-8.
     std::vector<EntityTag> entityTags(Handle handle) const;
     // The entity list as entget returns it: (-1 . name) first, points joined, values typed
-    // by group code; handles of other objects as entity names; no extended data.
-    ardo::ResBufChain entityList(Handle handle) const;
+    // by group code; handles of other objects as entity names; extended data only when
+    // asked for (each application's name as a 1001 group).
+    ardo::ResBufChain entityList(Handle handle, bool withExtendedData = false) const;
+    // Extended data names its application, which the APPID table must list; adds the
+    // record when it is missing.
+    void registerApplication(std::string_view name);
     // Geometric extents for LINE, LWPOLYLINE, POLYLINE, CIRCLE, ARC, ELLIPSE, POINT, TEXT,
     // MTEXT, INSERT, HATCH, SOLID and SPLINE; nothing for other types. Texts are estimated
     // from height and character count. Coordinates of 2D entities are taken as world

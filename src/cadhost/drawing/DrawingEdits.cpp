@@ -22,14 +22,18 @@ ardo::DbStatus Drawing::modifyEntity(Handle handle, const std::vector<EntityTag>
             tags.push_back(t);
             if (t.code == 330) break;
         }
-    bool extended = false;
+    std::vector<std::string> applications;
     for (auto t = given.begin() + 1; t != given.end(); ++t) {
         if (t->code == 5 || t->code == 330 || t->code == -1) continue;
-        extended = extended || t->code == 1001;
+        if (t->code == 1001) applications.push_back(fileText(t->value));
         tags.push_back({t->code, fileText(t->value)});
     }
-    // Extended data the list leaves out stays as it was.
-    if (!extended) tags.insert(tags.end(), before.begin() + static_cast<std::ptrdiff_t>(ownTagsEnd(before)), before.end());
+    // Extended data of the applications the list leaves out stays as it was.
+    bool kept = false;
+    for (auto t = before.begin() + static_cast<std::ptrdiff_t>(ownTagsEnd(before)); t != before.end(); ++t) {
+        if (t->code == 1001) kept = std::find(applications.begin(), applications.end(), t->value) == applications.end();
+        if (kept) tags.push_back(*t);
+    }
     doc_.replace(e->record, std::move(tags));
     announce([&](DrawingListener& l) { l.entityChanged(Change::Modified, handle); });
     return ardo::DbStatus::Ok;

@@ -79,7 +79,7 @@ std::vector<EntityTag> Drawing::entityTags(Handle handle) const {
     return out;
 }
 
-ardo::ResBufChain Drawing::entityList(Handle handle) const {
+ardo::ResBufChain Drawing::entityList(Handle handle, bool withExtendedData) const {
     ardo::ResBufChain out;
     const Entity* e = findEntity(handle);
     if (!e) return out;
@@ -87,7 +87,7 @@ ardo::ResBufChain Drawing::entityList(Handle handle) const {
     name.restype = -1;
     out.push_back(name);
     const auto tags = doc_.tags(e->record);
-    for (std::size_t i = 0; i < tags.size() && tags[i].code != 1001; ++i) {
+    for (std::size_t i = 0; i < tags.size() && (withExtendedData || tags[i].code != 1001); ++i) {
         ardo::ResBuf r;
         r.restype = static_cast<short>(tags[i].code);
         if (startsPoint(tags[i].code)) {

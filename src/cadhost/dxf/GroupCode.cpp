@@ -27,4 +27,6 @@ bool startsPoint(int code) {
     return in(code, 10, 18) || in(code, 110, 112) || in(code, 1010, 1013);
 }
 
+bool isAngleGroup(int code) { return in(code, 50, 58); }
+
 }  // namespace cadhost

@@ -11,6 +11,9 @@ ValueKind valueKind(int code);
 // whose y and z follow with code + 10 and code + 20.
 bool startsPoint(int code);
 
+// Angles (50 to 58): degrees in the file, radians in the lists LISP code reads and writes.
+bool isAngleGroup(int code);
+
 // Group codes outside the range DXF defines are refused by the readers.
 inline bool isValidGroupCode(int code) { return code >= -5 && code <= 1071; }
 

@@ -136,6 +136,13 @@ std::vector<ardo::Point3> intersections(const Segment& segment, const Shape& sha
     return out;
 }
 
+std::vector<ardo::Point3> intersections(const Arc& arc, const Shape& shape) {
+    std::vector<ardo::Point3> out;
+    for (const Segment& s : shape.segments) segmentArc(s, arc, out);
+    for (const Arc& a : shape.arcs) arcArc(arc, a, out);
+    return out;
+}
+
 std::vector<ardo::Point3> intersections(const Shape& a, const Shape& b) {
     std::vector<ardo::Point3> out;
     for (const Segment& s : a.segments) {
@@ -143,8 +150,8 @@ std::vector<ardo::Point3> intersections(const Shape& a, const Shape& b) {
         out.insert(out.end(), hits.begin(), hits.end());
     }
     for (const Arc& arc : a.arcs) {
-        for (const Segment& s : b.segments) segmentArc(s, arc, out);
-        for (const Arc& other : b.arcs) arcArc(arc, other, out);
+        const auto hits = intersections(arc, b);
+        out.insert(out.end(), hits.begin(), hits.end());
     }
     return out;
 }

@@ -14,8 +14,9 @@ Extents extentsOf(const Shape& shape);
 ardo::Point3 closestOn(const Segment& s, const ardo::Point3& p);
 ardo::Point3 closestOn(const Arc& arc, const ardo::Point3& p);
 
-// Points where a segment meets the shape's segments and arcs.
+// Points where a segment or an arc meets the shape's segments and arcs.
 std::vector<ardo::Point3> intersections(const Segment& segment, const Shape& shape);
+std::vector<ardo::Point3> intersections(const Arc& arc, const Shape& shape);
 // Points where two shapes meet.
 std::vector<ardo::Point3> intersections(const Shape& a, const Shape& b);
 

@@ -26,6 +26,7 @@
 #include "cadhost/gui/CommandMenus.h"
 #include "cadhost/gui/LayerBar.h"
 #include "cadhost/gui/LayoutTabs.h"
+#include "cadhost/gui/PropertiesDialog.h"
 #include "cadhost/gui/StatusBar.h"
 #include "cadhost/gui/TextWindow.h"
 #include "cadhost/gui/ViewCommand.h"
@@ -238,6 +239,11 @@ void CadWindow::syncDocuments() {
         pages_.back()->snapsChanged = [this, d = document.get()] {
             if (app_ && app_->hasDocument() && &app_->current() == d) statusBar_->sync();
         };
+        // PROPERTIES opens its dialog here; the changes are part of the command's undo step.
+        document->commands().setPropertiesEditor([this, d = document.get()](const std::vector<std::uint64_t>& entities) {
+            PropertiesDialog dialog(d->drawing(), entities, this);
+            if (dialog.exec() == QDialog::Accepted) commands::applyProperties(d->drawing(), entities, dialog.changes());
+        });
         tabs_->addTab(pages_.back()->spaces, title(*document));
         if (document->titled()) remember(document->path());
     }

@@ -26,6 +26,11 @@ const std::vector<MenuCommand>& menuCommands() {
         {"&Modify", "&Rotate", "_ROTATE", ""},
         {"&Modify", "&Scale", "_SCALE", ""},
         {"&Modify", "M&irror", "_MIRROR", ""},
+        {"&Modify", "O&ffset", "_OFFSET", ""},
+        {"&Modify", "S&tretch", "_STRETCH", ""},
+        {"&Modify", "&Trim", "_TRIM", ""},
+        {"&Modify", "E&xtend", "_EXTEND", ""},
+        {"&Modify", "Pr&operties...", "_PROPERTIES", ""},
         {"&Modify", "C&hange Properties", "_CHPROP", ""},
         {"&Modify", "Match &Properties", "_MATCHPROP", ""},
     };

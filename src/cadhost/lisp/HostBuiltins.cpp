@@ -10,6 +10,7 @@
 #include "cadhost/lisp/ResBufConvert.h"
 #include "cadhost/lisp/SelectionSet.h"
 #include "cadhost/lisp/SsgetFilter.h"
+#include "cadhost/lisp/Wildcard.h"
 #include "base/CaseFold.h"
 
 namespace cadhost::lisp {
@@ -188,12 +189,31 @@ Value ssmembFn(Interpreter&, const Args& args) {
     return picksetArg(args[1]).contains(e) ? args[0] : Value();
 }
 
+// (entget ename [applications]): with application names (wildcards allowed, "*" for
+// all), the extended data of those that match follows as (-3 ("APP" ...) ...).
 Value entgetFn(Interpreter& in, const Args& args) {
     checkCount(args, 1, 2);
     const std::int64_t e = enameArg(args[0]);
     ardo::ResBufChain groups;
-    if (!in.host().entGet(e, groups)) return Value();
-    return Value::cons(Value::cons(Value::integer(-1), args[0]), groupsToList(groups));
+    const bool extended = args.size() == 2 && !args[1].isNil();
+    if (!(extended ? in.host().entGetWithExtendedData(e, groups) : in.host().entGet(e, groups))) return Value();
+    std::vector<Value> items{Value::cons(Value::integer(-1), args[0])};
+    const Value list = groupsToList(groups);
+    for (const Value* p = &list; p->isList(); p = &p->cdr()) items.push_back(p->car());
+    if (extended && items.back().car().kind() == Kind::Int && items.back().car().asInt() == -3) {
+        std::vector<Value> wanted;
+        for (const Value* app = &items.back().cdr(); app->isList(); app = &app->cdr()) {
+            const std::string& name = app->car().car().asString();
+            for (const Value* pattern = &listArg(args[1]); pattern->isList(); pattern = &pattern->cdr())
+                if (wildcardMatch(name, stringArg(pattern->car()), true)) {
+                    wanted.push_back(app->car());
+                    break;
+                }
+        }
+        items.pop_back();
+        if (!wanted.empty()) items.push_back(Value::cons(Value::integer(-3), makeList(wanted)));
+    }
+    return makeList(items);
 }
 
 Value enameOrNil(std::int64_t id) { return id == 0 ? Value() : Value::ename(id); }

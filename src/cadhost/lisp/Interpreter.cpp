@@ -140,8 +140,20 @@ Value Interpreter::callExternal(const External& ext, const Args& args) {
     return valueFromChain(*this, result);
 }
 
+Value Interpreter::applyCatchingErrors(const Value& fn, const Args& args) {
+    ++catching_;
+    try {
+        Value result = apply(fn, args);
+        --catching_;
+        return result;
+    } catch (const LispError& e) {
+        --catching_;
+        return Value::catchError(e.what());
+    }
+}
+
 void Interpreter::reportError(LispError& error) {
-    if (error.reported) return;
+    if (error.reported || catching_ > 0) return;
     error.reported = true;
     const Value handler = symError_->value;
     const bool userHandler = handler.kind() == Kind::Usubr || handler.kind() == Kind::List;

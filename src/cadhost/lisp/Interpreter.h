@@ -76,6 +76,9 @@ public:
     // Calls a function value: a SUBR, USUBR, external function, a symbol naming one, or
     // a (LAMBDA ...) list.
     Value apply(const Value& fn, const Args& args);
+    // As apply, but an error comes back as a CatchError value, reported to nobody
+    // (vl-catch-all-apply).
+    Value applyCatchingErrors(const Value& fn, const Args& args);
     Value callLambda(const Lambda& lambda, const Args& args);
     Value makeLambda(const Value& paramsAndBody, Symbol* name);
 
@@ -110,6 +113,7 @@ private:
     std::unordered_map<std::int64_t, std::weak_ptr<SelectionSet>> selectionSets_;
     std::int64_t nextSelectionId_ = 1;
     bool inErrorHandler_ = false;
+    int catching_ = 0;   // vl-catch-all-apply calls under way
 };
 
 }  // namespace cadhost::lisp

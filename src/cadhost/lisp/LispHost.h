@@ -33,6 +33,8 @@ public:
     virtual std::int64_t entLast() = 0;
     // The entity's DXF groups, each node's restype being its group code (without -1).
     virtual bool entGet(std::int64_t entity, ardo::ResBufChain& groups) = 0;
+    // The same with the extended data after it (each application's name as a 1001 group).
+    virtual bool entGetWithExtendedData(std::int64_t entity, ardo::ResBufChain& groups) { return entGet(entity, groups); }
 
     // Adds an entity from DXF groups (points as one node each), as entmake does; its id,
     // or 0 when the drawing refuses the groups.

@@ -116,6 +116,7 @@ void printValue(std::string& out, const Value& v, PrintStyle style) {
     }
     case Kind::Pickset: out += "<Selection set: " + std::to_string(v.asPickset().id) + ">"; break;
     case Kind::File: printAddressed(out, "FILE", &v.asFile(), ""); break;
+    case Kind::CatchError: out += "#<%catch-all-apply-error%>"; break;
     }
 }
 

@@ -171,6 +171,18 @@ ResBufChain listToGroups(const Value& list) {
         if (!entry.isList() || entry.car().kind() != Kind::Int) throw LispError("bad DXF group: " + prin1String(entry));
         const auto code = static_cast<short>(entry.car().asInt());
         const Value& v = entry.cdr();
+        if (code == -3) {
+            // Extended data: ("APP" groups...) for each application, each name a 1001 group.
+            for (const Value* app = &v; app->isList(); app = &app->cdr()) {
+                if (app->car().car().kind() != Kind::Str) throw LispError("bad DXF group: " + prin1String(entry));
+                ResBuf name = ResBuf::str(app->car().car().asString());
+                name.restype = 1001;
+                groups.push_back(std::move(name));
+                const ResBufChain data = listToGroups(app->car().cdr());
+                groups.insert(groups.end(), data.begin(), data.end());
+            }
+            continue;
+        }
         ResBuf node;
         if (v.kind() == Kind::Str) node = ResBuf::str(v.asString());
         else if (v.kind() == Kind::Int) node = ResBuf::longInt(v.asInt());
@@ -187,12 +199,26 @@ ResBufChain listToGroups(const Value& list) {
 Value groupsToList(const ResBufChain& groups) {
     std::vector<Value> pairs;
     pairs.reserve(groups.size());
+    std::vector<Value> applications;
+    std::vector<Value> appData;
+    Value appName;
+    const auto closeApplication = [&] {
+        if (!appName.isNil()) applications.push_back(Value::cons(appName, makeList(appData)));
+        appData.clear();
+    };
     for (const ResBuf& g : groups) {
-        Value code = Value::integer(g.restype);
-        Value v = groupValue(g);
+        if (g.restype == 1001) {
+            closeApplication();
+            appName = Value::string(g.text);
+            continue;
+        }
         // Points are (10 x y z), every other group a dotted pair (8 . "0").
-        pairs.push_back(Value::cons(std::move(code), std::move(v)));
+        Value pair = Value::cons(Value::integer(g.restype), groupValue(g));
+        (appName.isNil() ? pairs : appData).push_back(std::move(pair));
     }
+    closeApplication();
+    // Extended data comes last, as (-3 ("APP" groups...) ...).
+    if (!applications.empty()) pairs.push_back(Value::cons(Value::integer(-3), makeList(applications)));
     return makeList(pairs);
 }
 

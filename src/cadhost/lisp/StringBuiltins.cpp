@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "cadhost/lisp/LinearUnits.h"
 #include "cadhost/lisp/ArgCheck.h"
 #include "cadhost/lisp/Builtins.h"
 #include "cadhost/lisp/Interpreter.h"
@@ -78,38 +79,23 @@ int intVar(Interpreter& in, const char* name, int fallback) {
     return fallback;
 }
 
-std::string dropTrailingZeros(std::string s) {
-    if (s.find('.') == std::string::npos) return s;
-    while (s.back() == '0') s.pop_back();
-    if (s.back() == '.') s.pop_back();
-    return s;
-}
-
-// (rtos number [mode [precision]]): mode 2 decimal, mode 1 scientific; the defaults
-// come from LUNITS and LUPREC, and DIMZIN 8 drops trailing zeros as the host does.
+// (rtos number [mode [precision]]): modes 1 to 5 as LUNITS counts them; the defaults
+// come from LUNITS and LUPREC, DIMZIN and UNITMODE shape the text as the host does.
 Value rtosFn(Interpreter& in, const Args& args) {
     checkCount(args, 1, 3);
     const double v = numberArg(args[0]);
-    const int mode = args.size() >= 2 ? intArg(args[1]) : intVar(in, "LUNITS", 2);
-    int precision = std::clamp(intVar(in, "LUPREC", 4), 0, 8);
+    LinearFormat format;
+    format.mode = args.size() >= 2 ? intArg(args[1]) : intVar(in, "LUNITS", 2);
+    format.precision = std::clamp(intVar(in, "LUPREC", 4), 0, 8);
     if (args.size() == 3) {
-        precision = intArg(args[2]);
-        if (precision < 0 || precision > 8) badArgValue("precision 0 to 8", args[2]);
+        format.precision = intArg(args[2]);
+        if (format.precision < 0 || format.precision > 8) badArgValue("precision 0 to 8", args[2]);
     }
-    char buf[512];
-    if (mode == 2) {
-        std::snprintf(buf, sizeof buf, "%.*f", precision, v);
-    } else if (mode == 1) {
-        std::snprintf(buf, sizeof buf, "%.*E", precision, v);
-    } else {
-        throw LispError("rtos: units mode " + std::to_string(mode) +
-                        " is not available here; use mode 1 (scientific) or 2 (decimal)");
-    }
-    std::string s = buf;
-    // A negative number that rounds to zero prints without its sign.
-    if (s[0] == '-' && s.find_first_not_of("-0.") == std::string::npos) s.erase(0, 1);
-    if (mode == 2 && (intVar(in, "DIMZIN", 0) & 8)) s = dropTrailingZeros(s);
-    return Value::string(s);
+    format.dimzin = intVar(in, "DIMZIN", 0);
+    format.asTyped = intVar(in, "UNITMODE", 0) == 1;
+    const auto text = formatLength(v, format);
+    if (!text) badArgValue("units mode 1 to 5", args.size() >= 2 ? args[1] : Value::integer(format.mode));
+    return Value::string(*text);
 }
 
 Value chrFn(Interpreter&, const Args& args) {

@@ -25,6 +25,7 @@ Value typeFn(Interpreter& in, const Args& args) {
     case Kind::Ename: name = "ENAME"; break;
     case Kind::Pickset: name = "PICKSET"; break;
     case Kind::File: name = "FILE"; break;
+    case Kind::CatchError: name = "VL-CATCH-ALL-APPLY-ERROR"; break;
     }
     return Value::symbol(in.intern(name));
 }
@@ -49,6 +50,24 @@ Args elementsOf(const Value& list) {
 Value applyFn(Interpreter& in, const Args& args) {
     checkCount(args, 2, 2);
     return in.apply(args[0], elementsOf(args[1]));
+}
+
+// (vl-catch-all-apply 'fn list): apply, but an error comes back as an object that
+// vl-catch-all-error-p recognises instead of ending the expression (*error* not called).
+Value catchAllApplyFn(Interpreter& in, const Args& args) {
+    checkCount(args, 2, 2);
+    return in.applyCatchingErrors(args[0], elementsOf(args[1]));
+}
+
+Value catchAllErrorPFn(Interpreter& in, const Args& args) {
+    checkCount(args, 1, 1);
+    return in.boolean(args[0].kind() == Kind::CatchError);
+}
+
+Value catchAllErrorMessageFn(Interpreter&, const Args& args) {
+    checkCount(args, 1, 1);
+    if (args[0].kind() != Kind::CatchError) badArgType("vl-catch-all-apply-error-p", args[0]);
+    return Value::string(args[0].asCaughtMessage());
 }
 
 Value mapcarFn(Interpreter& in, const Args& args) {
@@ -100,7 +119,10 @@ Value vlLoadComFn(Interpreter&, const Args& args) {
 
 const Builtin table[] = {
     {"TYPE", typeFn, nullptr},         {"BOUNDP", boundpFn, nullptr},     {"EVAL", evalFn, nullptr},
-    {"APPLY", applyFn, nullptr},       {"MAPCAR", mapcarFn, nullptr},     {"GETENV", getenvFn, nullptr},
+    {"APPLY", applyFn, nullptr},
+    {"VL-CATCH-ALL-APPLY", catchAllApplyFn, nullptr},
+    {"VL-CATCH-ALL-ERROR-P", catchAllErrorPFn, nullptr},
+    {"VL-CATCH-ALL-ERROR-MESSAGE", catchAllErrorMessageFn, nullptr},       {"MAPCAR", mapcarFn, nullptr},     {"GETENV", getenvFn, nullptr},
     {"FINDFILE", findfileFn, nullptr}, {"LOAD", loadFn, nullptr},         {"EXIT", exitFn, nullptr},
     {"QUIT", exitFn, nullptr},         {"VL-LOAD-COM", vlLoadComFn, nullptr},
 };

@@ -42,6 +42,12 @@ Value Value::file(std::shared_ptr<LispFile> f) {
     return x;
 }
 
+Value Value::catchError(std::string message) {
+    Value x(Kind::CatchError);
+    x.obj_ = std::make_shared<StrObj>(std::move(message));
+    return x;
+}
+
 Lambda& Value::asLambda() const { return *static_cast<Lambda*>(obj_.get()); }
 External& Value::asExternal() const { return *static_cast<External*>(obj_.get()); }
 SelectionSet& Value::asPickset() const { return *static_cast<SelectionSet*>(obj_.get()); }

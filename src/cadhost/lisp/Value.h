@@ -17,7 +17,8 @@ struct External;
 struct SelectionSet;
 struct LispFile;
 
-enum class Kind : std::uint8_t { Nil, Int, Real, Str, Sym, List, Subr, Usubr, Exsubr, Ename, Pickset, File };
+// CatchError: what vl-catch-all-apply gives back for an error it caught.
+enum class Kind : std::uint8_t { Nil, Int, Real, Str, Sym, List, Subr, Usubr, Exsubr, Ename, Pickset, File, CatchError };
 
 struct Object {
     virtual ~Object() = default;
@@ -43,6 +44,7 @@ public:
     static Value ename(std::int64_t id) { Value x(Kind::Ename); x.u_.id = id; return x; }
     static Value pickset(std::shared_ptr<SelectionSet> s);
     static Value file(std::shared_ptr<LispFile> f);
+    static Value catchError(std::string message);
 
     Kind kind() const { return kind_; }
     bool isNil() const { return kind_ == Kind::Nil; }
@@ -62,6 +64,8 @@ public:
     External& asExternal() const;
     SelectionSet& asPickset() const;
     LispFile& asFile() const;
+    // The message of a caught error (Kind::CatchError).
+    const std::string& asCaughtMessage() const { return static_cast<const StrObj*>(obj_.get())->text; }
     const std::shared_ptr<Object>& object() const { return obj_; }
 
     const Value& car() const;  // nil for nil

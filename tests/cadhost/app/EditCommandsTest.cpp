@@ -42,12 +42,12 @@ TEST_F(EditInput, MoveCopyRotateScaleAndMirrorTypedAndFromLisp) {
     EXPECT_EQ(group("c", 40), "5.0");
     enter({"SCALE", "(ssadd c)", "", "0,0", "_Reference", "5", "1"});
     EXPECT_EQ(group("c", 40), "1.0");
-    run("(entmake '((0 . \"ARC\") (10 0 0 0) (40 . 1.0) (50 . 0.0) (51 . 90.0)))");
+    run("(entmake (list '(0 . \"ARC\") '(10 0 0 0) '(40 . 1.0) '(50 . 0.0) (cons 51 (/ pi 2))))");
     run("(setq a (entlast))");
     enter({"MIRROR", "(ssadd a)", "", "0,0", "0,1", "_Yes"});
-    // Mirrored in the y axis, the quarter arc from 0 to 90 degrees runs from 90 to 180.
-    EXPECT_EQ(group("a", 50), "90.0");
-    EXPECT_EQ(group("a", 51), "180.0");
+    // Mirrored in the y axis, the quarter arc from 0 to 90 degrees runs from 90 to 180;
+    // LISP reads the angles in radians.
+    EXPECT_EQ(run("(mapcar '(lambda (g) (angtos (cdr (assoc g (entget a))) 0 4)) '(50 51))"), "(\"90.0000\" \"180.0000\")");
     const std::size_t before = count();
     enter({"MIRROR", "(ssadd a)", "", "0,0", "1,0", ""});
     EXPECT_EQ(count(), before + 1);   // the original stays by default
@@ -122,7 +122,7 @@ TEST_F(EditInput, EzdxfReadsTheEditedDrawing) {
     run("(command \"_.-LAYER\" \"_New\" \"Wand\" \"\")");
     run("(command \"_.LINE\" '(0 0) '(10 0) \"\")");
     run("(command \"_.CIRCLE\" '(5 5) 2)");
-    run("(entmake '((0 . \"ARC\") (10 0 0 0) (40 . 1.0) (50 . 0.0) (51 . 90.0)))");
+    run("(entmake (list '(0 . \"ARC\") '(10 0 0 0) '(40 . 1.0) '(50 . 0.0) (cons 51 (/ pi 2))))");
     run("(command \"_.ROTATE\" (ssget \"_X\") \"\" '(0 0) 90)");
     run("(command \"_.COPY\" (ssget \"_X\" '((0 . \"CIRCLE\"))) \"\" '(0 0) '(100 0) \"\")");
     run("(command \"_.MIRROR\" (ssget \"_X\" '((0 . \"ARC\"))) \"\" '(0 0) '(1 0) \"_Y\")");

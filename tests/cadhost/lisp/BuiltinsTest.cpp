@@ -91,7 +91,35 @@ TEST_F(Builtins, RtosDecimalAndScientificWithUnitSettings) {
     host.vars["LUPREC"] = ardo::ResBuf::shortInt(2);
     host.vars["DIMZIN"] = ardo::ResBuf::shortInt(8);
     EXPECT_EQ(run("(list (rtos 1.5) (rtos 2.0 2 3) (rtos 1.25 2 1))"), "(\"1.5\" \"2\" \"1.2\")");
-    EXPECT_EQ(run("(rtos 1.0 4 2)"), "ERR:rtos: units mode 4 is not available here; use mode 1 (scientific) or 2 (decimal)");
+    EXPECT_EQ(run("(rtos 1.0 6 2)"), "ERR:bad argument value: units mode 1 to 5 6");
+}
+
+TEST_F(Builtins, RtosFeetInchesAndFractions) {
+    // The reference's own example, 17.5 in engineering, architectural and fractional units.
+    EXPECT_EQ(run("(list (rtos 17.5 3 2) (rtos 17.5 4 2) (rtos 17.5 5 2))"),
+              "(\"1'-5.50\\\"\" \"1'-5 1/2\\\"\" \"17 1/2\")");
+    EXPECT_EQ(run("(list (rtos -17.5 4 2) (rtos 0.5 4 2) (rtos 24 4 2) (rtos 12.0625 4 4) (rtos 11.999 3 2))"),
+              "(\"-1'-5 1/2\\\"\" \"1/2\\\"\" \"2'\" \"1'-0 1/16\\\"\" \"1'\")");
+    // Precision counts halvings; a remainder below the smallest is rounded.
+    EXPECT_EQ(run("(list (rtos 3.3 5 0) (rtos 3.3 5 3) (rtos 3.2 5 8) (rtos 0.001 5 2))"),
+              "(\"3\" \"3 1/4\" \"3 51/256\" \"0\")");
+    // DIMZIN 1 shows zero feet and zero inches; 3 zero inches only; 8 drops trailing zeros.
+    host.vars["DIMZIN"] = ardo::ResBuf::shortInt(1);
+    EXPECT_EQ(run("(list (rtos 5.5 3 2) (rtos 24 3 1) (rtos 0.5 4 2))"),
+              "(\"0'-5.50\\\"\" \"2'-0.0\\\"\" \"0'-0 1/2\\\"\")");
+    host.vars["DIMZIN"] = ardo::ResBuf::shortInt(11);
+    EXPECT_EQ(run("(list (rtos 5.5 3 2) (rtos 24 3 2))"), "(\"5.5\\\"\" \"2'-0\\\"\")");
+    host.vars["DIMZIN"] = ardo::ResBuf::shortInt(4);
+    EXPECT_EQ(run("(rtos 0.25 2 2)"), "\".25\"");
+    // UNITMODE 1 writes them as they are typed.
+    host.vars["DIMZIN"] = ardo::ResBuf::shortInt(0);
+    host.vars["UNITMODE"] = ardo::ResBuf::shortInt(1);
+    EXPECT_EQ(run("(list (rtos 17.5 3 2) (rtos 17.5 4 2) (rtos 17.5 5 2))"),
+              "(\"1'5.50\\\"\" \"1'5-1/2\\\"\" \"17-1/2\")");
+    // Without a mode, LUNITS says which.
+    host.vars["LUNITS"] = ardo::ResBuf::shortInt(5);
+    host.vars["LUPREC"] = ardo::ResBuf::shortInt(1);
+    EXPECT_EQ(run("(rtos 2.5)"), "\"2-1/2\"");
 }
 
 TEST_F(Builtins, OutputQuotingRules) {

@@ -70,6 +70,22 @@ TEST_F(Evaluator, UserErrorHandlerGetsTheMessageWhileLocalsAreBound) {
     EXPECT_EQ(host.output, "; error: bad argument type: consp 1\n");
 }
 
+TEST_F(Evaluator, CatchAllApplyTurnsErrorsIntoValues) {
+    run("(defun *error* (msg) (princ \"handled\"))");
+    run("(defun risky (a / loc) (setq loc 1) (/ a 0))");
+    EXPECT_EQ(run("(setq r (vl-catch-all-apply 'risky '(1)))"), "#<%catch-all-apply-error%>");
+    EXPECT_EQ(host.output, "");   // neither *error* nor the plain report
+    EXPECT_EQ(run("(list (vl-catch-all-error-p r) (vl-catch-all-error-message r) (type r) loc)"),
+              "(T \"divide by zero\" VL-CATCH-ALL-APPLY-ERROR nil)");
+    EXPECT_EQ(run("(list (vl-catch-all-apply '+ '(1 2)) (vl-catch-all-apply (lambda (x) (* x x)) '(3)))"), "(3 9)");
+    EXPECT_EQ(run("(vl-catch-all-error-p 3)"), "nil");
+    EXPECT_EQ(run("(vl-catch-all-error-message 3)"), "ERR:bad argument type: vl-catch-all-apply-error-p 3");
+    // Outside it, errors are reported again.
+    host.output.clear();
+    EXPECT_EQ(run("(risky 1)"), "ERR:divide by zero");
+    EXPECT_EQ(host.output, "handled");
+}
+
 TEST_F(Evaluator, TopLevelPrintsValuesAsThePromptDoes) {
     lisp.topLevel("(princ \"hi\") (setq s \"a\\nb\") 1.5 '(1 \"x\" . 2) (princ) (defun f () 1)");
     EXPECT_EQ(host.output, "hi\"hi\"\n\"a\\nb\"\n1.5\n(1 \"x\" . 2)\nF\n");
