@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,7 @@ struct Context {
     std::vector<MenuGroup> menuGroups;
     const ColorServices* colors = nullptr;
     UndoHistory* undo = nullptr;
+    std::function<std::optional<std::string>(const std::string&)> findFile;
 
     // Messages are printed whatever CMDECHO says.
     void message(const std::string& text) const {

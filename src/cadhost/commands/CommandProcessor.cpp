@@ -54,6 +54,7 @@ CommandProcessor::CommandProcessor(Environment env) : impl_(std::make_unique<Imp
     impl_->context.regenerate = std::move(env.regenerate);
     impl_->context.colors = env.colors;
     impl_->context.undo = env.undo;
+    impl_->context.findFile = std::move(env.findFile);
 }
 
 CommandProcessor::~CommandProcessor() = default;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,8 @@ public:
         const ColorServices* colors = nullptr;
         // The document's undo history, for U, UNDO and REDO.
         UndoHistory* undo = nullptr;
+        // Finds a file by name: as given, then on the support path (INSERT of a drawing file).
+        std::function<std::optional<std::string>(const std::string&)> findFile = {};
     };
 
     explicit CommandProcessor(Environment env);

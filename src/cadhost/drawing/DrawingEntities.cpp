@@ -165,17 +165,25 @@ ardo::DbStatus Drawing::setViewportFrozenLayers(Handle viewport, const std::vect
     return ardo::DbStatus::Ok;
 }
 
-std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given) {
+std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given) { return makeEntity(given, {}); }
+
+std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given, const EntityRecords& parts) {
     if (given.empty() || given.front().code != 0 || entitiesEnd_ == kNoRecord || !hasHandles()) return std::nullopt;
-    const auto layer = std::find_if(given.begin(), given.end(), [](const EntityTag& t) { return t.code == 8; });
-    if (layer == given.end() || !findLayer(layer->value)) return std::nullopt;
-    const Handle handle = takeHandle();
-    std::vector<OwnedTag> tags{{0, fileText(given.front().value)}, {5, handleText(handle)}};
+    const auto hasLayer = [&](const std::vector<EntityTag>& tags) {
+        const auto layer = std::find_if(tags.begin(), tags.end(), [](const EntityTag& t) { return t.code == 8; });
+        return layer != tags.end() && findLayer(layer->value);
+    };
+    if (!hasLayer(given)) return std::nullopt;
+    for (const auto& part : parts)
+        if (part.empty() || part.front().code != 0 || !hasLayer(part)) return std::nullopt;
+    std::string owner;
     if (!isR12())
-        if (const auto owner = findTableRecord("BLOCK_RECORD", "*Model_Space"))
-            tags.push_back({330, std::string(tagValue(doc_.tags(*owner), 5).value_or("0"))});
-    for (auto t = given.begin() + 1; t != given.end(); ++t) tags.push_back({t->code, fileText(t->value)});
-    const RecordId record = doc_.insertBefore(entitiesEnd_, std::move(tags));
+        if (const auto space = findTableRecord("BLOCK_RECORD", "*Model_Space"))
+            owner = std::string(tagValue(doc_.tags(*space), 5).value_or("0"));
+    const Handle handle = nextHandle_;
+    EntityRecords records{given};
+    records.insert(records.end(), parts.begin(), parts.end());
+    const RecordId record = insertEntityRecords(entitiesEnd_, records, owner);
     RecordId cursor = record;
     // Appended last in the file and in the index, so the file order holds.
     spaceEntities_.push_back(addEntity(record, -1, cursor));
