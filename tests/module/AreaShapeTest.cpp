@@ -53,6 +53,36 @@ TEST_F(AreaShapeTest, AnAreaGoesThroughTheMapExportIntoTheShapefile) {
     EXPECT_EQ(static_cast<unsigned char>(bytes[32]), 5) << "polygon shapes";
 }
 
+TEST_F(AreaShapeTest, WithABlockTheHostInsertsItAtThePoint) {
+    ASSERT_EQ(drawing.defineBlock("Raumstempel", {0, 0, 0},
+                                  {{{0, "CIRCLE"}, {8, "0"}, {10, "0"}, {20, "0"}, {30, "0"}, {40, "0.5"}}}),
+              DbStatus::Ok);
+    EXPECT_EQ(call({ResBuf::str(folder / "stamped"), ResBuf::entityName(room), ResBuf::str("Raumstempel"),
+                    ResBuf::point3({1.5, 1, 0})}),
+              RSRSLT);
+    EXPECT_TRUE(isT(host.result)) << host.printed;
+    EXPECT_FALSE(processor.active()) << processor.prompt();
+    std::vector<std::string> inserts;
+    drawing.forEachEntity([&](const cadhost::EntityInfo& e) {
+        if (e.type != "INSERT") return true;
+        std::string groups;
+        for (const cadhost::EntityTag& t : drawing.entityTags(e.handle))
+            if (t.code == 2 || t.code == 10 || t.code == 20 || t.code == 41 || t.code == 50) groups += t.value + " ";
+        inserts.push_back(e.layer + " " + groups);
+        return true;
+    });
+    EXPECT_EQ(inserts, std::vector<std::string>{"0 Raumstempel 1.5 1.0 "});
+}
+
+TEST_F(AreaShapeTest, AnUnknownBlockInsertsNothing) {
+    call({ResBuf::str(folder / "unstamped"), ResBuf::entityName(room), ResBuf::str("KeinBlock"), ResBuf::point3({1, 1, 0})});
+    EXPECT_NE(host.printed.find("\"KeinBlock.dxf\": Can't find file in search path."), std::string::npos) << host.printed;
+    std::size_t inserts = 0;
+    drawing.forEachEntity([&](const cadhost::EntityInfo& e) { return inserts += e.type == "INSERT", true; });
+    EXPECT_EQ(inserts, 0u);
+    EXPECT_TRUE(fs::exists(folder / "unstamped.shp")) << "the export before it stays";
+}
+
 TEST_F(AreaShapeTest, ArgumentsAreCheckedBeforeAnythingRuns) {
     const std::string shp = folder / "room.shp";
     call({ResBuf::str(shp)});

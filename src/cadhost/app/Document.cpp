@@ -19,7 +19,11 @@ Document::Document(Application& app, Drawing drawing, bool titled)
               const auto selection = lisp_.selectionSet(set);
               return selection ? selection->entities : std::vector<std::int64_t>{};
           },
-          [&app] { app.ui().redraw(); }, &app.colors(), &undo_, [this] { return view_; }}),
+          [&app] { app.ui().redraw(); }, &app.colors(), &undo_, [this] { return view_; },
+          [this](const std::string& name) {
+              const auto found = lisp_.findFile(name);
+              return found ? std::optional(found->string()) : std::nullopt;
+          }}),
       undo_(drawing_) {
     defineModuleFunctions(lisp_);
     defineDocumentFunctions(lisp_);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,7 @@ struct Context {
     std::function<void(const std::vector<std::uint64_t>&)> editProperties;
     // The view that ZOOM and PAN change; null (or no function) in the console.
     std::function<ViewControl*()> view;
+    std::function<std::optional<std::string>(const std::string&)> findFile;
 
     // Messages are printed whatever CMDECHO says.
     void message(const std::string& text) const {

@@ -1,5 +1,6 @@
 #include "cadhost/commands/CommandNames.h"
 
+#include "cadhost/commands/BlockCommands.h"
 #include "cadhost/commands/DraftingCommands.h"
 #include "cadhost/commands/EditingCommands.h"
 #include "base/CaseFold.h"
@@ -48,11 +49,18 @@ constexpr CommandEntry kCommands[] = {
     {"PROPERTIES", makePropertiesCommand},
     {"PR", makePropertiesCommand},
     {"DDCHPROP", makePropertiesCommand},
+    {"INSERT", makeInsertCommand},
+    {"BLOCK", makeBlockCommand},
+    {"EXPLODE", makeExplodeCommand},
+    {"HATCH", makeHatchCommand},
 };
 
 // Commands that have a "-" command-line form beside their dialog (MAPEXPORT is known by
 // its dash form from GIS hosts; here both forms prompt on the command line).
-bool hasDashForm(std::string_view name) { return name == "LAYER" || name == "MAPEXPORT"; }
+bool hasDashForm(std::string_view name) {
+    return name == "LAYER" || name == "MAPEXPORT" || name == "INSERT" || name == "BLOCK" ||
+           name == "HATCH";
+}
 
 }  // namespace
 

@@ -55,6 +55,7 @@ CommandProcessor::CommandProcessor(Environment env) : impl_(std::make_unique<Imp
     impl_->context.view = std::move(env.view);
     impl_->context.colors = env.colors;
     impl_->context.undo = env.undo;
+    impl_->context.findFile = std::move(env.findFile);
 }
 
 CommandProcessor::~CommandProcessor() = default;

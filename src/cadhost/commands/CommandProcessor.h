@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,8 @@ public:
         UndoHistory* undo = nullptr;
         // The view ZOOM and PAN work on: the window's current one; none in the console.
         std::function<commands::ViewControl*()> view{};
+        // Finds a file by name: as given, then on the support path (INSERT of a drawing file).
+        std::function<std::optional<std::string>(const std::string&)> findFile = {};
     };
 
     explicit CommandProcessor(Environment env);

@@ -72,10 +72,9 @@ void appendPoint(std::vector<EntityTag>& tags, int code, const ardo::Point3& p) 
     for (int i = 0; i < 3; ++i) tags.push_back({code + 10 * i, dxfNumber(p[static_cast<std::size_t>(i)])});
 }
 
-std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::string_view subclass,
-                                std::vector<EntityTag> data) {
+std::vector<EntityTag> currentProperties(const Drawing& drawing) {
     const bool r12 = !hasSubclassMarkers(drawing);
-    std::vector<EntityTag> tags{{0, std::string(type)}};
+    std::vector<EntityTag> tags;
     if (!r12) tags.push_back({100, "AcDbEntity"});
     const auto layer = drawing.getVar("CLAYER");
     tags.push_back({8, layer ? layer->text : "0"});
@@ -85,9 +84,21 @@ std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::st
     for (EntityTag& color : drawing.currentColorTags()) tags.push_back(std::move(color));
     if (const auto weight = drawing.getVar("CELWEIGHT"); !r12 && weight && weight->integer != -1)
         tags.push_back({370, std::to_string(weight->integer)});
-    if (!r12) tags.push_back({100, std::string(subclass)});
+    return tags;
+}
+
+std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::string_view subclass,
+                                std::vector<EntityTag> data) {
+    return addEntity(drawing, type, subclass, std::move(data), {});
+}
+
+std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::string_view subclass,
+                                std::vector<EntityTag> data, const Drawing::EntityRecords& parts) {
+    std::vector<EntityTag> tags{{0, std::string(type)}};
+    for (EntityTag& common : currentProperties(drawing)) tags.push_back(std::move(common));
+    if (hasSubclassMarkers(drawing)) tags.push_back({100, std::string(subclass)});
     tags.insert(tags.end(), std::make_move_iterator(data.begin()), std::make_move_iterator(data.end()));
-    return drawing.makeEntity(tags);
+    return drawing.makeEntity(tags, parts);
 }
 
 Step finishWith(Context& context, std::string_view type, std::string_view subclass, std::vector<EntityTag> data,

@@ -35,6 +35,11 @@ bool hasSubclassMarkers(const Drawing& drawing);
 // subclass marker. The new entity, or nothing when the drawing refused it.
 std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::string_view subclass,
                                 std::vector<EntityTag> data);
+// The same with the records that follow the entity (an INSERT's ATTRIBs), given whole.
+std::optional<Handle> addEntity(Drawing& drawing, std::string_view type, std::string_view subclass,
+                                std::vector<EntityTag> data, const Drawing::EntityRecords& parts);
+// The common groups a new entity takes: marker, CLAYER, CELTYPE, CECOLOR, CELWEIGHT.
+std::vector<EntityTag> currentProperties(const Drawing& drawing);
 
 // The last step of a drawing command: adds the entity as addEntity does; when the drawing
 // refuses it, tells the user that `what` ("The arc") could not be added.

@@ -241,6 +241,24 @@ public:
     // Moves the entity to an existing layer (the layers toolbar with objects selected);
     // KeyNotFound for an unknown entity or layer.
     ardo::DbStatus setEntityLayer(Handle handle, const std::string& layer);
+    // --- blocks -----------------------------------------------------------------------
+    // Entity records for a block or for model space, each starting with its type (group 0).
+    // Handles, owners, reactors and extension dictionaries given are left out: the drawing
+    // gives its own. A POLYLINE's VERTEX records and an INSERT's ATTRIB records follow it;
+    // the closing SEQEND is added.
+    using EntityRecords = std::vector<std::vector<EntityTag>>;
+    bool hasBlock(std::string_view name) const;
+    // Defines the block, or gives an existing one the new base point and entities, so that
+    // its inserts show the new definition. InvalidInput for a layout block ("*Model_Space")
+    // or a name the drawing cannot hold; KeyNotFound when a record names an unknown layer.
+    ardo::DbStatus defineBlock(const std::string& name, const ardo::Point3& base, const EntityRecords& entities);
+    // Copies another drawing's record of a linetype or text style ("LTYPE", "STYLE") by
+    // name; a record the drawing has already is kept, as inserting a drawing keeps it.
+    // False when `from` has none of that name.
+    bool copyTableRecord(const Drawing& from, std::string_view table, const std::string& name);
+    // Appends an entity as makeEntity does, its ATTRIB or VERTEX records after it and a SEQEND.
+    std::optional<Handle> makeEntity(const std::vector<EntityTag>& tags, const EntityRecords& parts);
+
     // Viewports (VIEWPORT entities) and the layers frozen in them (group 341; some writers
     // use 331).
     std::vector<Handle> viewports() const;
@@ -375,6 +393,16 @@ private:
     void addDictionaryEntry(RecordId dictionary, std::string_view name, std::string_view handle);
     std::optional<RecordId> recordByHandle(std::string_view handleText) const;
 
+    // Blocks
+    // The record of an entity as the file holds it: type, the given handle and owner, then
+    // the given tags without handles, owners, reactors and extension dictionaries.
+    std::vector<OwnedTag> entityRecord(const std::vector<EntityTag>& given, Handle handle, std::string_view owner) const;
+    // Inserts the records before `before`, owned by `owner` (parts by their entity); the
+    // first record inserted.
+    RecordId insertEntityRecords(RecordId before, const EntityRecords& records, std::string_view owner);
+    RecordId blocksSectionEnd();
+    void announceInserts(std::string_view block);
+
     // Entities
     const Entity* findEntity(Handle handle) const;
     bool isNamedEntity(std::uint32_t index) const;
@@ -411,7 +439,8 @@ private:
     bool handSeedChanged_ = false;
     std::vector<DxfRepair> findings_;   // values read differently from the file, with their lines
     DxfForm form_ = DxfForm::Ascii;
-    int cmdEcho_ = 1, fileDia_ = 1, cmdActive_ = 0, lwUnits_ = 1, lwDefault_ = 25;
+    // ATTREQ: whether INSERT asks for attribute values; the session's, as the file does not keep it.
+    int cmdEcho_ = 1, fileDia_ = 1, cmdActive_ = 0, lwUnits_ = 1, lwDefault_ = 25, attReq_ = 1;
     // The last point given at a prompt ("@"); the session's, as the file does not keep it.
     ardo::Point3 lastPoint_{};
     // A true or colour-book current colour; the header's $CECOLOR holds only an index.

@@ -165,10 +165,17 @@ ardo::DbStatus Drawing::setViewportFrozenLayers(Handle viewport, const std::vect
     return ardo::DbStatus::Ok;
 }
 
-std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given) {
+std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given) { return makeEntity(given, {}); }
+
+std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given, const EntityRecords& parts) {
     if (given.empty() || given.front().code != 0 || entitiesEnd_ == kNoRecord || !hasHandles()) return std::nullopt;
-    const auto layer = std::find_if(given.begin(), given.end(), [](const EntityTag& t) { return t.code == 8; });
-    if (layer == given.end() || !findLayer(layer->value)) return std::nullopt;
+    const auto hasLayer = [&](const std::vector<EntityTag>& tags) {
+        const auto layer = std::find_if(tags.begin(), tags.end(), [](const EntityTag& t) { return t.code == 8; });
+        return layer != tags.end() && findLayer(layer->value);
+    };
+    if (!hasLayer(given)) return std::nullopt;
+    for (const auto& part : parts)
+        if (part.empty() || part.front().code != 0 || !hasLayer(part)) return std::nullopt;
     // Into the space shown: model space, or the current layout's paper space.
     // Tags that name the space (group 67) put it there, in the file's active paper space.
     const auto space = std::find_if(given.begin(), given.end(), [](const EntityTag& t) { return t.code == 67; });
@@ -176,25 +183,25 @@ std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given) {
     const auto tilemode = getVar("TILEMODE");
     const bool paper = spaceGiven ? toInteger(space->value) == 1 : tilemode && tilemode->integer == 0;
     const auto [block, before] = spaceGiven ? std::pair{std::int32_t{-1}, entitiesEnd_} : newEntityPlace();
-    const Handle handle = takeHandle();
-    std::vector<OwnedTag> tags{{0, fileText(given.front().value)}, {5, handleText(handle)}};
+    std::string owner;
     if (!isR12()) {
-        const std::string owner = block >= 0 ? blocks_[static_cast<std::size_t>(block)].name
-                                  : paper    ? "*Paper_Space"
-                                             : "*Model_Space";
-        if (const auto record = findTableRecord("BLOCK_RECORD", owner))
-            tags.push_back({330, std::string(tagValue(doc_.tags(*record), 5).value_or("0"))});
+        const std::string ownerName = block >= 0 ? blocks_[static_cast<std::size_t>(block)].name
+                                      : paper    ? "*Paper_Space"
+                                                 : "*Model_Space";
+        if (const auto record = findTableRecord("BLOCK_RECORD", ownerName))
+            owner = std::string(tagValue(doc_.tags(*record), 5).value_or("0"));
     }
-    // Group 67 belongs to the common entity groups: after their subclass marker when there is one.
-    const auto common = std::find_if(given.begin(), given.end(),
-                                     [](const EntityTag& t) { return t.code == 100 && t.value == "AcDbEntity"; });
-    const bool marked = common != given.end();
-    if (paper && !spaceGiven && !marked) tags.push_back({67, "1"});
-    for (auto t = given.begin() + 1; t != given.end(); ++t) {
-        tags.push_back({t->code, fileText(t->value)});
-        if (paper && !spaceGiven && t == common) tags.push_back({67, "1"});
+    EntityRecords records{given};
+    if (paper && !spaceGiven) {
+        // Group 67 belongs to the common entity groups: after their subclass marker when there is one.
+        std::vector<EntityTag>& main = records.front();
+        const auto common = std::find_if(main.begin(), main.end(),
+                                         [](const EntityTag& t) { return t.code == 100 && t.value == "AcDbEntity"; });
+        main.insert(common == main.end() ? main.begin() + 1 : common + 1, EntityTag{67, "1"});
     }
-    const RecordId record = doc_.insertBefore(before, std::move(tags));
+    records.insert(records.end(), parts.begin(), parts.end());
+    const Handle handle = nextHandle_;
+    const RecordId record = insertEntityRecords(before, records, owner);
     RecordId cursor = record;
     if (block >= 0) {
         Block& owner = blocks_[static_cast<std::size_t>(block)];

@@ -131,6 +131,7 @@ std::optional<ResBuf> Drawing::getVar(std::string_view name) const {
     if (key == "DWGPREFIX") return ResBuf::str(directoryOf(path_));
     if (key == "CMDECHO") return ResBuf::shortInt(cmdEcho_);
     if (key == "FILEDIA") return ResBuf::shortInt(fileDia_);
+    if (key == "ATTREQ") return ResBuf::shortInt(attReq_);
     if (key == "CMDACTIVE") return ResBuf::shortInt(cmdActive_);
     if (key == "LWUNITS") return ResBuf::shortInt(lwUnits_);
     if (key == "LWDEFAULT") return ResBuf::shortInt(lwDefault_);
@@ -176,7 +177,7 @@ DbStatus Drawing::storeVar(std::string_view name, const ResBuf& value) {
     if (key == "CDATE" || key == "PROGRAM" || key == "DWGNAME" || key == "DWGPREFIX" || key == "CMDACTIVE")
         return DbStatus::InvalidInput;
     int* memory = key == "CMDECHO" ? &cmdEcho_ : key == "FILEDIA" ? &fileDia_ : key == "LWUNITS" ? &lwUnits_
-                  : key == "LWDEFAULT" ? &lwDefault_ : nullptr;
+                  : key == "LWDEFAULT" ? &lwDefault_ : key == "ATTREQ" ? &attReq_ : nullptr;
     if (memory) {
         if (!isInteger(value)) return DbStatus::InvalidInput;
         *memory = static_cast<int>(value.integer);
