@@ -2,6 +2,7 @@
 
 #include "cadhost/commands/DraftingCommands.h"
 #include "cadhost/commands/EditingCommands.h"
+#include "cadhost/commands/PlotCommand.h"
 #include "base/CaseFold.h"
 
 namespace cadhost::commands {
@@ -39,11 +40,12 @@ constexpr CommandEntry kCommands[] = {
     {"LAYCUR", makeLaycurCommand},
     {"LAYMCUR", makeLaymcurCommand},
     {"MAPEXPORT", makeMapExportCommand},
+    {"PLOT", makePlotCommand},
 };
 
 // Commands that have a "-" command-line form beside their dialog (MAPEXPORT is known by
 // its dash form from GIS hosts; here both forms prompt on the command line).
-bool hasDashForm(std::string_view name) { return name == "LAYER" || name == "MAPEXPORT"; }
+bool hasDashForm(std::string_view name) { return name == "LAYER" || name == "MAPEXPORT" || name == "PLOT"; }
 
 }  // namespace
 

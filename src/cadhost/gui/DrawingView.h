@@ -39,6 +39,7 @@ public:
 
     Scene& scene() { return scene_; }
     void setInput(Input input) { input_ = std::move(input); }
+    const Input& input() const { return input_; }
 
     // --- view -------------------------------------------------------------------------
     void zoomExtents();
