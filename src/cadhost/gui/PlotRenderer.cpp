@@ -1,6 +1,5 @@
 #include "cadhost/gui/PlotRenderer.h"
 
-#include <QFont>
 #include <QGuiApplication>
 #include <QPageSize>
 #include <QPainter>
@@ -26,8 +25,6 @@ using commands::StyleTable;
 // PDF user space is in points; this many dots an inch keeps the geometry exact enough
 // for drafting sheets while the coordinates stay small integers' worth of precision.
 constexpr int kDotsPerInch = 1200;
-// The cap height of a text is about this part of the font's pixel size.
-constexpr double kCapHeight = 0.72;
 // A line's width on paper when lineweights are not plotted: the thinnest the device draws.
 constexpr double kHairline = 0;
 
@@ -110,7 +107,8 @@ private:
         if (!settings_.lineweights) return kHairline;
         if (weight == -1) weight = layer.lineweight;
         if (weight < 0) weight = scene_.defaultLineweight();
-        return weight / 100.0 * dots_;
+        // At least a device dot, so that a small preview still shows thin lines.
+        return std::max(weight / 100.0 * dots_, 1.0);
     }
 
     // The piece's linetype pattern in device units; empty is solid.
@@ -163,35 +161,12 @@ private:
         return path;
     }
 
-    void fill(const Piece& p, const QColor& color) {
-        QPainterPath path;
-        path.setFillRule(Qt::OddEvenFill);
-        std::size_t begin = 0;
-        for (std::size_t l = 0; l <= p.loops.size(); ++l) {
-            const std::size_t end = l < p.loops.size() ? p.loops[l] : p.points.size();
-            for (std::size_t i = begin; i < end; ++i) {
-                if (i == begin) path.moveTo(at(p.points[i]));
-                else path.lineTo(at(p.points[i]));
-            }
-            path.closeSubpath();
-            begin = end;
-        }
-        painter_.fillPath(path, color);
-    }
+    void fill(const Piece& p, const QColor& color) { painter_.fillPath(fillPath(p, view_), color); }
 
     void text(const Piece& p, const QColor& color) {
-        const double size = p.height * unitsToDots_ / kCapHeight;
-        if (size < 1) return;
-        painter_.save();
-        painter_.setPen(color);
-        painter_.translate(at(p.points.front()));
-        if (p.angle != 0) painter_.rotate(-p.angle * 180.0 / M_PI);
-        QFont font("DejaVu Sans");
-        font.setPixelSize(static_cast<int>(std::lround(size)));
-        painter_.setFont(font);
-        const QStringList lines = QString::fromStdString(p.text).split('\n');
-        for (int i = 0; i < lines.size(); ++i) painter_.drawText(QPointF(0, i * 1.6 * p.height * unitsToDots_), lines[i]);
-        painter_.restore();
+        // Text too small to read on paper is left out, as the view leaves out a dot's worth.
+        if (p.height * unitsToDots_ < 1) return;
+        paintText(painter_, p, color, view_);
     }
 
     QPainter& painter_;
