@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iterator>
 #include <set>
 #include <sstream>
 
@@ -12,14 +11,10 @@
 #include "base/CodePage.h"
 #include "e2e/E2eSupport.h"
 #include "support/Ezdxf.h"
+#include "support/TempFolder.h"
 
 namespace ardo::e2e {
 namespace {
-
-std::string readAll(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 size_t count(const std::string& text, const std::string& part) {
     size_t n = 0;
@@ -112,10 +107,10 @@ TEST_F(LayerAudit, FindsTheDeviationsAndListsUnreadableDrawings) {
     EXPECT_NE(r.output.find("3 drawings: 0 meet the standard, 2 deviate, 1 failed\n"), std::string::npos);
     EXPECT_NE(r.output.find(" drawings/s with "), std::string::npos);
 
-    const std::string page = readAll(html);
+    const std::string page = test::readBytes(html);
     EXPECT_EQ(count(page, "<h2 id=\"d"), 3u);
     EXPECT_EQ(count(page, "src="), 0u);
-    const std::string rows = readAll(csv);
+    const std::string rows = test::readBytes(csv);
     EXPECT_EQ(count(rows, ",deviation,"), 3u);
     EXPECT_EQ(count(rows, ",no key,"), 8u);
     EXPECT_EQ(count(rows, ",failed,"), 1u);
@@ -146,19 +141,19 @@ TEST_F(LayerAudit, ApplyAndRenameThenAuditFindsNothingAndEzdxfReadsTheDrawings) 
 }
 
 TEST_F(LayerAudit, DryRunAndUnchangedDrawingsLeaveTheFilesAlone) {
-    const std::string office = readAll(plans / "office.dxf"), deviating = readAll(plans / "sub" / "deviating.dxf");
+    const std::string office = test::readBytes(plans / "office.dxf"), deviating = test::readBytes(plans / "sub" / "deviating.dxf");
     const auto stamp = fs::last_write_time(plans / "office.dxf");
     const RunResult dry = audit({"--apply", "--dry-run", plans.string()});
     EXPECT_EQ(dry.exitCode, 1) << dry.output;
     EXPECT_NE(dry.output.find("  would change: A-Achsen linetype CONTINUOUS -> ARDO_STRICHPUNKT\n"), std::string::npos)
         << dry.output;
     EXPECT_NE(dry.output.find("(dry run: nothing saved)"), std::string::npos);
-    EXPECT_EQ(readAll(plans / "sub" / "deviating.dxf"), deviating);
+    EXPECT_EQ(test::readBytes(plans / "sub" / "deviating.dxf"), deviating);
 
     // The office drawing has no layer of a key: --apply changes nothing, so it is not written.
     const RunResult applied = audit({"--apply", (plans / "office.dxf").string()});
     EXPECT_EQ(applied.exitCode, 1) << applied.output;
-    EXPECT_EQ(readAll(plans / "office.dxf"), office);
+    EXPECT_EQ(test::readBytes(plans / "office.dxf"), office);
     EXPECT_EQ(fs::last_write_time(plans / "office.dxf"), stamp);
 }
 
@@ -169,7 +164,7 @@ TEST_F(LayerAudit, ReportSortsByAClickedColumnInABrowser) {
         GTEST_SKIP() << "chromium (Debian chromium) is not installed";
     const fs::path html = install.scratch("report.html"), clicked = install.scratch("clicked.html");
     audit({plans.string(), "--report", html.string()});
-    std::string page = readAll(html);
+    std::string page = test::readBytes(html);
     // The drawings table is the one with a "Deviations" column; two clicks sort it descending.
     page.insert(page.rfind("</body>"),
                 "<script>document.querySelectorAll('table').forEach(function(t){var h=t.querySelectorAll('th');"
@@ -254,7 +249,7 @@ TEST_F(LayerAudit, CorpusDrawingsAgainstACentralFileOfTheirOwnLayers) {
     const fs::path csv = install.scratch("corpus.csv");
     const RunResult r = audit({"--central", centralFile.string(), "--report", csv.string(), folder.string()});
     EXPECT_EQ(r.exitCode, unreadable.empty() ? 1 : 3) << r.output;
-    const std::string rows = readAll(csv);
+    const std::string rows = test::readBytes(csv);
     for (const auto& [name, deviations] : expected)
         EXPECT_EQ(count(rows, (folder / name).string() + ",deviation,"), deviations) << name;
     for (const std::string& name : unreadable) EXPECT_EQ(count(rows, (folder / name).string() + ",failed,"), 1u) << name;
@@ -264,7 +259,7 @@ TEST_F(LayerAudit, CorpusDrawingsAgainstACentralFileOfTheirOwnLayers) {
     const RunResult again = audit({"--central", centralFile.string(), "--report", againCsv.string(), folder.string()});
     EXPECT_NE(applied.output.find(" saved\n"), std::string::npos) << applied.output;
     // What is left is exactly what the apply could not change.
-    const std::string appliedRows = readAll(appliedCsv), againRows = readAll(againCsv);
+    const std::string appliedRows = test::readBytes(appliedCsv), againRows = test::readBytes(againCsv);
     for (const auto& [name, deviations] : expected) {
         const std::string prefix = (folder / name).string() + ",";
         EXPECT_EQ(count(appliedRows, prefix + "change,"), deviations) << name;

@@ -2,9 +2,6 @@
 // and the shape of a permanent frame.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "highlight/BlinkControl.h"
 #include "highlight/HighlightFrames.h"
 #include "highlight/HighlightPrompt.h"
@@ -14,19 +11,9 @@
 namespace ardo {
 namespace {
 
-std::string readAll(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
 class HighlightOptionsFile : public ::testing::Test {
 protected:
-    std::string write(const std::string& text) {
-        std::ofstream(path, std::ios::binary) << text;
-        return path;
-    }
+    void write(const std::string& text) { folder.write("ArdoHighlight.ini", text); }
     test::TempFolder folder;
     std::string path = folder.file("ArdoHighlight.ini");
 };
@@ -82,7 +69,7 @@ TEST_F(HighlightOptionsFile, SavedOptionsReadBackInTheirOwnSection) {
     options.dialogPosY = 200;
     options.save();
 
-    const std::string text = readAll(path);
+    const std::string text = test::readBytes(path);
     EXPECT_NE(text.find("[OTHER]\r\nBlinking=1\r\n"), std::string::npos) << "other sections stay: " << text;
     EXPECT_NE(text.find("BlinkTime=333"), std::string::npos) << "the period is written, truncated: " << text;
 

@@ -15,11 +15,6 @@ ScriptedHost::ScriptedHost() {
     variables["PROGRAM"] = ResBuf::str("acad");
     variables["LWUNITS"] = ResBuf::shortInt(1);
     variables["CDATE"] = ResBuf::realNum(20261122.101530123);
-    bindHost(this);
-}
-
-ScriptedHost::~ScriptedHost() {
-    if (hasHost() && &host() == this) bindHost(nullptr);
 }
 
 int ScriptedHost::call(LispHandler handler, ResBufChain args) {

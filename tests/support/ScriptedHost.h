@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "cadhost/colors/ColorServices.h"
-#include "module/HostBinding.h"
+#include "support/StandInHost.h"
 
 namespace cadhost {
 class CommandProcessor;
@@ -28,10 +28,9 @@ struct ShownBox {
     MbIcon icon;
 };
 
-class ScriptedHost : public Host {
+class ScriptedHost : public StandInHost {
 public:
     ScriptedHost();
-    ~ScriptedHost() override;
 
     // What the module did.
     std::string printed;
@@ -72,7 +71,6 @@ public:
     void setFunCode(int code) { funCode_ = code; }
     int queueExpr(const std::string& expression) override;
 
-    const ResBufChain& getArgs() const override { return args_; }
     int retNil() override;
     int retT() override;
     int retVoid() override;
@@ -92,8 +90,6 @@ public:
 
     HostDrawing* workingDrawing() override { return drawing; }
     bool lockDocument() override { return !lockFails; }
-    void unlockDocument() override {}
-    const void* currentDocument() const override { return this; }
 
     bool colorFromAciName(const std::string& text, HostColor& color) const override;
     bool colorFromRgbName(const std::string& text, HostColor& color) const override;
@@ -106,25 +102,14 @@ public:
     bool findFile(const std::string& name, std::string& result) const override;
     bool greyMenuItem(const std::string& menuGroup, const std::string& item, bool grey) override;
 
-    QWidget* mainWindow() override { return nullptr; }
     int redraw(std::int64_t entity, int mode) override;
     void updateDisplay() override { ++displayUpdates; }
     int colorDialog(HostColor& color, bool allowMetaColors) override;
     int entSel(const std::string& prompt, std::int64_t& entity, Point3& point) override;
     // Keyword and distance prompts take the answers below in order (cancelled when none is
-    // left) and record their prompts; selection sets and entities are left to tests that
-    // run the real host.
-    int initGet(int, const std::string&) override { return RTNORM; }
+    // left) and record their prompts.
     int getKword(const std::string& prompt, std::string& result) override;
     int getDist(const std::string& prompt, double& result) override;
-    int ssLength(std::int64_t, long&) override { return RTERROR; }
-    int ssName(std::int64_t, long, std::int64_t&) override { return RTERROR; }
-    int ssAdd(std::int64_t, std::int64_t, std::int64_t&) override { return RTERROR; }
-    int ssFree(std::int64_t) override { return RTERROR; }
-    int entityType(std::int64_t, std::string&) override { return RTERROR; }
-    int entityExtents(std::int64_t, Point3&, Point3&) override { return RTERROR; }
-    int entDel(std::int64_t) override { return RTERROR; }
-    int addPolyline(const std::vector<Point3>&, double, const std::string&, std::int64_t&) override { return RTERROR; }
 
     // Redraws asked for (entity, mode), display updates, and the answers of the colour
     // dialog and of entity picks, in order: cancelled when none is left.
@@ -145,7 +130,6 @@ public:
     std::map<std::string, bool> menuItems;
 
 private:
-    ResBufChain args_;
     cadhost::Drawing* realDrawing_ = nullptr;
     std::function<int(const ResBufChain&)> runCommand_;
     int funCode_ = -1;

@@ -104,6 +104,12 @@ void appendEscape(std::string& out, unsigned cp) {
 
 bool isCaretControl(char c) { return c >= '@' && c <= '_'; }
 
+// Whether a caret written just before this character would read as the start of a pair:
+// a control character is itself written with a leading caret.
+bool startsCaretPair(char next) {
+    return isCaretControl(next) || next == ' ' || static_cast<unsigned char>(next) < 0x20;
+}
+
 }  // namespace
 
 DxfTextCodec::DxfTextCodec() = default;
@@ -131,7 +137,7 @@ std::string caretEncode(std::string_view text) {
         if (static_cast<unsigned char>(c) < 0x20) {
             out += '^';
             out += static_cast<char>(c + 0x40);
-        } else if (c == '^' && i + 1 < text.size() && (isCaretControl(text[i + 1]) || text[i + 1] == ' ')) {
+        } else if (c == '^' && i + 1 < text.size() && startsCaretPair(text[i + 1])) {
             out += "^ ";   // a caret that would otherwise read as the start of one
         } else {
             out += c;

@@ -25,6 +25,7 @@
 #include "cadhost/gui/PlotDialog.h"
 #include "cadhost/gui/DrawingReading.h"
 #include "cadhost/gui/CommandDock.h"
+#include "cadhost/gui/CommandMenus.h"
 #include "cadhost/gui/LayerBar.h"
 #include "cadhost/gui/TextWindow.h"
 #include "cadhost/gui/ViewCommand.h"
@@ -144,6 +145,13 @@ void CadWindow::buildMenus() {
     add(file, tr("E&xit"), QKeySequence::Quit, [this] { close(); });
     fillRecentMenu();
 
+    // A menu item starts its command afresh, as a menu macro's leading cancels do.
+    const auto run = [this](const std::string& line) {
+        if (waiting_ || viewCommand_ || (app_ && app_->commands().active())) cancel();
+        QTimer::singleShot(0, this, [this, line] { enterLine(line); });
+    };
+    addCommandMenu(*menuBar(), "&Edit", run);
+
     QMenu* view = menuBar()->addMenu(tr("&View"));
     add(view, tr("Zoom &Extents"), QKeySequence(Qt::Key_Home), [this] {
         if (auto* v = currentView()) v->zoomExtents();
@@ -165,6 +173,9 @@ void CadWindow::buildMenus() {
     view->addSeparator();
     view->addAction(dock_->toggleViewAction());
     add(view, tr("&Text Window"), QKeySequence(Qt::Key_F2), [this] { showTextWindow(); });
+
+    addCommandMenu(*menuBar(), "&Draw", run);
+    addCommandMenu(*menuBar(), "&Modify", run);
 }
 
 void CadWindow::attach(Application& app) {

@@ -109,7 +109,20 @@ void CommandDock::enter() {
 }
 
 bool CommandDock::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != input_ || event->type() != QEvent::KeyPress) return QDockWidget::eventFilter(watched, event);
+    if (watched != input_) return QDockWidget::eventFilter(watched, event);
+    if (event->type() == QEvent::ShortcutOverride) {
+        // On an empty line Ctrl+Z and Ctrl+Y undo and redo in the drawing, as the window's
+        // menu says; with text typed they edit the text.
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool drawingUndo = key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo) ||
+                                 key->keyCombination() == QKeyCombination(Qt::CTRL, Qt::Key_Y);
+        if (drawingUndo && input_->text().isEmpty()) {
+            event->ignore();
+            return true;
+        }
+        return false;
+    }
+    if (event->type() != QEvent::KeyPress) return false;
     const auto* key = static_cast<QKeyEvent*>(event);
     switch (key->key()) {
     case Qt::Key_Up:

@@ -4,20 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <regex>
 
 #include "cadhost/console/ManPage.h"
 #include "support/ChildProcess.h"
+#include "support/TempFolder.h"
 
 namespace cadhost::console {
 namespace {
-
-std::string readFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
 
 // The man page as a reader sees it: font changes gone, escaped minus signs plain.
 std::string plainRoff(std::string text) {
@@ -42,7 +36,7 @@ TEST(OptionTable, HelpAndManPageShowEveryRowInTableOrderAndNothingElse) {
     ASSERT_EQ(help.exitCode, 0);
     EXPECT_EQ(help.output, usageText());
 
-    const std::string built = readFile(ARDO_MANPAGE);
+    const std::string built = ardo::test::readBytes(ARDO_MANPAGE);
     ASSERT_FALSE(built.empty()) << "the build wrote no man page at " << ARDO_MANPAGE;
     EXPECT_EQ(built, manPage(ARDO_VERSION)) << "the built man page is stale";
     const std::string page = plainRoff(built);

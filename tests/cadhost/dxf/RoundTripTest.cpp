@@ -153,6 +153,24 @@ TEST(RoundTrip, TheWriterNeverBreaksAValueLine) {
     }
 }
 
+// A caret just before a control character: the control character is written with a caret
+// of its own, so the first must be marked as a plain caret or the two would read as one pair.
+TEST(RoundTrip, ACaretBeforeAControlCharacterComesBackAsItWas) {
+    for (const std::string value : {std::string("HEADE^\0R", 8), std::string("a^\nb"), std::string("^^\r"),
+                                    std::string("x^ y^@")}) {
+        EXPECT_EQ(caretDecode(caretEncode(value)), value) << caretEncode(value);
+    }
+    const std::string bytes = std::string("  0\nSECTION\n  2\nHEADE^\0R\n  0\nENDSEC\n  0\nEOF\n", 44);
+    for (const DxfForm form : {DxfForm::Ascii, DxfForm::Binary}) {
+        auto doc = std::get<DxfDocument>(DxfDocument::parse(bytes));
+        doc.replace(doc.first(), {{0, "SECTION"}, {2, std::string("Neu\nHEADE^\0R", 12)}});
+        auto again = DxfDocument::parse(doc.serialize(form));
+        ASSERT_TRUE(std::holds_alternative<DxfDocument>(again)) << std::get<DxfError>(again).message;
+        const auto& read = std::get<DxfDocument>(again);
+        EXPECT_EQ(caretDecode(read.tags(read.first())[1].value), std::string("Neu\nHEADE^\0R", 12));
+    }
+}
+
 // A binary string ends at its first NUL; a value holding one must not cut the record, and
 // a section name cut to nothing would make the whole file unreadable.
 TEST(RoundTrip, ABinaryFileKeepsAValueWithANulByte) {

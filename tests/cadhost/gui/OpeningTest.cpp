@@ -4,22 +4,15 @@
 #include <QProgressDialog>
 #include <QTabWidget>
 #include <fstream>
-#include <sstream>
 
 #include "cadhost/gui/DrawingReading.h"
 #include "cadhost/gui/WindowFixture.h"
+#include "support/TempFolder.h"
 
 namespace cadhost::gui {
 namespace {
 
 using namespace test;
-
-std::string readAll(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-}
 
 void write(const fs::path& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
 
@@ -85,7 +78,7 @@ TEST_F(OpeningTest, ALargeDrawingOpensWhileTheWindowKeepsRunning) {
 }
 
 TEST_F(OpeningTest, ADamagedDrawingIsOfferedInRecoverModeWithItsRepairsListed) {
-    const std::string whole = readAll(kOffice);
+    const std::string whole = ardo::test::readBytes(kOffice);
     const fs::path damaged = scratch() / "damaged.dxf";
     // Cut off in the middle of its entities: the strict reader refuses it.
     write(damaged, whole.substr(0, whole.size() * 3 / 4));

@@ -62,7 +62,7 @@ TEST_F(PathFunctionsTest, UserIniFileProvidesTheFileAndGivesItsFullName) {
     writeFile(programFolder + "DefaultIni/Kabel/Kabel.ini", "[KABEL]\n");
     host.call(kemb_GetUserIniFile, {str("Kabel.ini"), str("Kabel"), str("anna")});
     EXPECT_EQ(host.result, ResBufChain{str(userRoot + "/anna/Kabel/Kabel.ini")});
-    EXPECT_EQ(readFile(userRoot + "/anna/Kabel/Kabel.ini"), "[KABEL]\n");
+    EXPECT_EQ(test::readBytes(userRoot + "/anna/Kabel/Kabel.ini"), "[KABEL]\n");
 
     writeFile(userRoot + "/DefaultIni/Ardo.ini", "[LAYER]\n");
     host.call(kemb_GetUserIniFile, {str("Ardo.ini"), str(""), str("anna")});
@@ -134,7 +134,7 @@ TEST_F(PathFunctionsTest, CopyingNeverReplacesAnExistingFile) {
     writeFile(folder / "a.ini", "new");
     writeFile(folder / "b.ini", "kept");
     EXPECT_FALSE(platform::copyFileNoOverwrite(folder / "a.ini", folder / "b.ini"));
-    EXPECT_EQ(readFile(folder / "b.ini"), "kept");
+    EXPECT_EQ(test::readBytes(folder / "b.ini"), "kept");
     EXPECT_FALSE(platform::copyFileNoOverwrite(folder / "none.ini", folder / "c.ini"));
     EXPECT_FALSE(exists(folder / "c.ini"));
 }

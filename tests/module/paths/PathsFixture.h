@@ -40,11 +40,6 @@ protected:
         std::ofstream(path, std::ios::binary) << content;
     }
 
-    static std::string readFile(const std::string& path) {
-        std::ifstream in(path, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    }
-
     static bool exists(const std::string& path) { return std::filesystem::exists(path); }
 
     ScriptedHost host;

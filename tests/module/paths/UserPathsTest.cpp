@@ -160,7 +160,7 @@ TEST_F(UserFileTest, AnExistingUserFileIsNeverOverwritten) {
     std::string file;
     EXPECT_EQ(provideUserFile(file, "ArdoSetup.ini", "", "anna", false), RTNORM);
     EXPECT_EQ(file, userRoot + "/anna/ArdoSetup.ini");
-    EXPECT_EQ(readFile(file), "mine");
+    EXPECT_EQ(test::readBytes(file), "mine");
 }
 
 TEST_F(UserFileTest, TheUserRootsDefaultIsCopiedToTheUser) {
@@ -169,7 +169,7 @@ TEST_F(UserFileTest, TheUserRootsDefaultIsCopiedToTheUser) {
     std::string file;
     EXPECT_EQ(provideUserFile(file, "Kabel.ini", "Kabel", "anna", false), RTNORM);
     EXPECT_EQ(file, userRoot + "/anna/Kabel/Kabel.ini");
-    EXPECT_EQ(readFile(file), "[KABEL]\nA=1\n");
+    EXPECT_EQ(test::readBytes(file), "[KABEL]\nA=1\n");
 }
 
 TEST_F(UserFileTest, TheProgramFoldersDefaultIsCopiedDownTheChain) {
@@ -177,8 +177,8 @@ TEST_F(UserFileTest, TheProgramFoldersDefaultIsCopiedDownTheChain) {
     writeFile(programFolder + "DefaultIni/ArdoHighlight.ini", "[HIGHLIGHT]\n");
     std::string file;
     EXPECT_EQ(provideUserFile(file, "ArdoHighlight.ini", "", "anna", false), RTNORM);
-    EXPECT_EQ(readFile(userRoot + "/DefaultIni/ArdoHighlight.ini"), "[HIGHLIGHT]\n");
-    EXPECT_EQ(readFile(userRoot + "/anna/ArdoHighlight.ini"), "[HIGHLIGHT]\n");
+    EXPECT_EQ(test::readBytes(userRoot + "/DefaultIni/ArdoHighlight.ini"), "[HIGHLIGHT]\n");
+    EXPECT_EQ(test::readBytes(userRoot + "/anna/ArdoHighlight.ini"), "[HIGHLIGHT]\n");
 }
 
 // An installed, read-only program folder with its users in their homes.
@@ -196,7 +196,7 @@ TEST_F(UserFileTest, ARootInTheHomeIsMadeOnFirstUseAndFilledFromTheProgramFolder
     EXPECT_EQ(root, home + "/.config/ardo");
     EXPECT_EQ(provideUserFile(file, "ArdoSetup.ini", "", "anna", false), RTNORM);
     EXPECT_EQ(file, home + "/.config/ardo/anna/ArdoSetup.ini");
-    EXPECT_EQ(readFile(file), "[CONFIG]\n");
+    EXPECT_EQ(test::readBytes(file), "[CONFIG]\n");
     EXPECT_TRUE(host.alerts.empty());
 
     std::filesystem::permissions(programFolder, std::filesystem::perms::owner_all);
@@ -240,7 +240,7 @@ TEST_F(UserFileTest, TheDefaultUserGetsTheDefaultFileItself) {
     std::string file;
     EXPECT_EQ(provideUserFile(file, "Ardo.ini", "", "<DEFAULT>", false), RTNORM);
     EXPECT_EQ(file, userRoot + "/DefaultIni/Ardo.ini");
-    EXPECT_EQ(readFile(file), "[LAYER]\n");
+    EXPECT_EQ(test::readBytes(file), "[LAYER]\n");
     EXPECT_TRUE(host.alerts.empty());
 }
 
