@@ -19,7 +19,7 @@ Document::Document(Application& app, Drawing drawing, bool titled)
               const auto selection = lisp_.selectionSet(set);
               return selection ? selection->entities : std::vector<std::int64_t>{};
           },
-          [&app] { app.ui().redraw(); }, &app.colors(), &undo_}),
+          [&app] { app.ui().redraw(); }, &app.colors(), &undo_, [this] { return view_; }}),
       undo_(drawing_) {
     defineModuleFunctions(lisp_);
     defineDocumentFunctions(lisp_);

@@ -28,6 +28,9 @@ public:
     lisp::Interpreter& lisp() { return lisp_; }
     CommandProcessor& commands() { return commands_; }
     UndoHistory& undoHistory() { return undo_; }
+    // The view that ZOOM and PAN work on (the window's view of this drawing); none in the
+    // console.
+    void setView(commands::ViewControl* view) { view_ = view; }
     // What initget set for the next LISP input function of this drawing.
     InputRules& inputRules() { return inputRules_; }
 
@@ -50,6 +53,7 @@ private:
     lisp::Interpreter lisp_;
     CommandProcessor commands_;
     UndoHistory undo_;
+    commands::ViewControl* view_ = nullptr;
     InputRules inputRules_;
     int lockCount_ = 0;
 };

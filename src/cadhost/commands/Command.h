@@ -9,6 +9,7 @@
 
 #include "cadhost/colors/ColorServices.h"
 #include "cadhost/commands/InputRequest.h"
+#include "cadhost/commands/ViewControl.h"
 #include "boundary/ResBuf.h"
 
 namespace cadhost {
@@ -32,6 +33,8 @@ struct Context {
     std::vector<MenuGroup> menuGroups;
     const ColorServices* colors = nullptr;
     UndoHistory* undo = nullptr;
+    // The view that ZOOM and PAN change; null (or no function) in the console.
+    std::function<ViewControl*()> view;
 
     // Messages are printed whatever CMDECHO says.
     void message(const std::string& text) const {
@@ -63,6 +66,8 @@ std::unique_ptr<Command> makeLayerCommand(Context& context);
 std::unique_ptr<Command> makeVplayerCommand(Context& context);
 std::unique_ptr<Command> makeSelectCommand(Context& context);
 std::unique_ptr<Command> makeRegenallCommand(Context& context);
+std::unique_ptr<Command> makeZoomCommand(Context& context);
+std::unique_ptr<Command> makePanCommand(Context& context);
 std::unique_ptr<Command> makeQsaveCommand(Context& context);
 std::unique_ptr<Command> makeSaveasCommand(Context& context);
 std::unique_ptr<Command> makeMenuloadCommand(Context& context);

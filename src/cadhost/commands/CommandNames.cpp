@@ -14,6 +14,8 @@ constexpr CommandEntry kCommands[] = {
     {"VPLAYER", makeVplayerCommand},
     {"SELECT", makeSelectCommand},
     {"REGENALL", makeRegenallCommand},
+    {"ZOOM", makeZoomCommand},
+    {"PAN", makePanCommand},
     {"QSAVE", makeQsaveCommand},
     {"SAVEAS", makeSaveasCommand},
     {"MENULOAD", makeMenuloadCommand},

@@ -52,6 +52,7 @@ CommandProcessor::CommandProcessor(Environment env) : impl_(std::make_unique<Imp
     impl_->context.print = std::move(env.print);
     impl_->context.selectionMembers = std::move(env.selectionMembers);
     impl_->context.regenerate = std::move(env.regenerate);
+    impl_->context.view = std::move(env.view);
     impl_->context.colors = env.colors;
     impl_->context.undo = env.undo;
 }

@@ -31,6 +31,8 @@ public:
         const ColorServices* colors = nullptr;
         // The document's undo history, for U, UNDO and REDO.
         UndoHistory* undo = nullptr;
+        // The view ZOOM and PAN work on: the window's current one; none in the console.
+        std::function<commands::ViewControl*()> view{};
     };
 
     explicit CommandProcessor(Environment env);

@@ -50,6 +50,23 @@ struct EntityTag {
 
 struct RecoveredDrawing;
 
+// An area of a layout's sheet in paper-space units.
+struct SheetArea {
+    double x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+    bool empty() const { return !(x1 > x0 && y1 > y0); }
+};
+
+// A paper-space layout (a LAYOUT object other than the model's).
+struct Layout {
+    std::string name;
+    int tabOrder = 0;
+    // The block record holding its entities: "*Paper_Space" for the layout the ENTITIES
+    // section holds, "*Paper_Space0", ... for the others.
+    std::string block;
+    SheetArea paper;       // the sheet, turned as it is plotted; empty when the layout gives none
+    SheetArea printable;   // the sheet without its margins
+};
+
 // What the drawing keeps beside its records and an undo step must restore too: the next
 // handle (written to $HANDSEED on saving) and a current colour beyond the index colours.
 struct DrawingSession {
@@ -137,18 +154,26 @@ public:
     // (InvalidInput), as PURGE leaves them.
     ardo::DbStatus eraseLayer(const std::string& name);
     std::vector<std::string> linetypeNames() const;
+    // The tags of a table's record ("DIMSTYLE", "STYLE", ...) by name, decoded; empty when
+    // there is none.
+    std::vector<EntityTag> tableRecordTags(std::string_view table, std::string_view name) const;
+    // The tags of the record with the handle (an IMAGEDEF an IMAGE names, ...), decoded;
+    // empty when there is none.
+    std::vector<EntityTag> recordTags(std::string_view handle) const;
     // ByBlock, ByLayer, Continuous and linetypes that layers or entities use stay (InvalidInput).
     ardo::DbStatus eraseLinetype(const std::string& name);
 
     // --- system variables -------------------------------------------------------------
     // "CLAYER", "TILEMODE", "CMDECHO", "CDATE", "LWUNITS", "LWDEFAULT", "LWDISPLAY", "LASTPOINT",
-    // "PROGRAM", "CMDACTIVE", "FILEDIA", "DWGNAME", "DWGPREFIX", and every variable of the
+    // "PROGRAM", "CMDACTIVE", "FILEDIA", "DWGNAME", "DWGPREFIX", "CTAB" (the tab shown: "Model"
+    // or a layout's name), and every variable of the
     // drawing's header by its name without "$". Nothing for unknown names. CECOLOR is
     // text, as the common hosts give it: "BYLAYER", "BYBLOCK", "1" to "255",
     // "RGB:255,128,0" or "BOOK$COLOR".
     std::optional<ardo::ResBuf> getVar(std::string_view name) const;
     // Header variables are written back into the header. CDATE, DWGNAME, DWGPREFIX,
-    // PROGRAM and CMDACTIVE are read-only (InvalidInput); CLAYER must name a layer.
+    // PROGRAM and CMDACTIVE are read-only (InvalidInput); CLAYER must name a layer, CTAB
+    // "Model" or a layout (it sets TILEMODE).
     // CECOLOR takes the texts getVar gives (any case; "255,128,0" for a true colour too)
     // and an index from 0 (BYBLOCK) to 256 (BYLAYER).
     ardo::DbStatus setVar(std::string_view name, const ardo::ResBuf& value);
@@ -159,7 +184,8 @@ public:
     void setCommandActive(int bits) { cmdActive_ = bits; }
 
     // --- entities ---------------------------------------------------------------------
-    // Appends an entity to model space, as entmake does: `tags` start with its type (group
+    // Appends an entity to the space shown (model space, or the current layout while TILEMODE
+    // is 0), as entmake does: `tags` start with its type (group
     // 0) and give its layer (group 8, an existing layer) and data in UTF-8; the handle and
     // owner are added here. The new entity's handle, or nothing when the tags are refused.
     std::optional<Handle> makeEntity(const std::vector<EntityTag>& tags);
@@ -214,6 +240,12 @@ public:
     // (331 or 341); a viewport without a list gets 331, as the DXF reference writes it.
     // KeyNotFound for an unknown viewport or layer; nothing is changed then.
     ardo::DbStatus setViewportFrozenLayers(Handle viewport, const std::vector<std::string>& layers);
+
+    // --- layouts ----------------------------------------------------------------------
+    // The paper-space layouts in tab order.
+    std::vector<Layout> layouts() const;
+    // The layout shown while TILEMODE is 0, which CTAB names and new entities go to.
+    std::optional<Layout> currentLayout() const;
 
     // --- undo -------------------------------------------------------------------------
     // While recording, every change, whoever makes it, is kept until taken as one step.
@@ -306,6 +338,11 @@ private:
     bool entityUses(int code, std::string_view name) const;
     ardo::DbStatus storeVar(std::string_view name, const ardo::ResBuf& value);
     ardo::DbStatus storeCurrentColor(const ardo::ResBuf& value);
+    ardo::DbStatus storeCurrentTab(const ardo::ResBuf& value);
+    std::optional<std::string> currentTabName() const;
+    // Where a new entity goes: a block's index and the record it is put before (-1 and the
+    // end of the ENTITIES section for model and the active paper space).
+    std::pair<std::int32_t, RecordId> newEntityPlace() const;
     // CLAYER, which every layer function of the module reads: decoded once per header edit.
     const std::string& currentLayerName() const;
     template <class Announce>
@@ -372,6 +409,8 @@ private:
     ardo::Point3 lastPoint_{};
     // A true or colour-book current colour; the header's $CECOLOR holds only an index.
     std::string currentColorBeyondIndex_;
+    // The block of the layout CTAB chose; empty for the file's active layout.
+    std::string currentLayoutBlock_;
     std::uint64_t savedChanges_ = 0;   // the document's change count when read or saved
     bool restored_ = false;
     DrawingSession stepStart_;         // the session when the changes being recorded began

@@ -169,16 +169,42 @@ std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given) {
     if (given.empty() || given.front().code != 0 || entitiesEnd_ == kNoRecord || !hasHandles()) return std::nullopt;
     const auto layer = std::find_if(given.begin(), given.end(), [](const EntityTag& t) { return t.code == 8; });
     if (layer == given.end() || !findLayer(layer->value)) return std::nullopt;
+    // Into the space shown: model space, or the current layout's paper space.
+    // Tags that name the space (group 67) put it there, in the file's active paper space.
+    const auto space = std::find_if(given.begin(), given.end(), [](const EntityTag& t) { return t.code == 67; });
+    const bool spaceGiven = space != given.end();
+    const auto tilemode = getVar("TILEMODE");
+    const bool paper = spaceGiven ? toInteger(space->value) == 1 : tilemode && tilemode->integer == 0;
+    const auto [block, before] = spaceGiven ? std::pair{std::int32_t{-1}, entitiesEnd_} : newEntityPlace();
     const Handle handle = takeHandle();
     std::vector<OwnedTag> tags{{0, fileText(given.front().value)}, {5, handleText(handle)}};
-    if (!isR12())
-        if (const auto owner = findTableRecord("BLOCK_RECORD", "*Model_Space"))
-            tags.push_back({330, std::string(tagValue(doc_.tags(*owner), 5).value_or("0"))});
-    for (auto t = given.begin() + 1; t != given.end(); ++t) tags.push_back({t->code, fileText(t->value)});
-    const RecordId record = doc_.insertBefore(entitiesEnd_, std::move(tags));
+    if (!isR12()) {
+        const std::string owner = block >= 0 ? blocks_[static_cast<std::size_t>(block)].name
+                                  : paper    ? "*Paper_Space"
+                                             : "*Model_Space";
+        if (const auto record = findTableRecord("BLOCK_RECORD", owner))
+            tags.push_back({330, std::string(tagValue(doc_.tags(*record), 5).value_or("0"))});
+    }
+    // Group 67 belongs to the common entity groups: after their subclass marker when there is one.
+    const auto common = std::find_if(given.begin(), given.end(),
+                                     [](const EntityTag& t) { return t.code == 100 && t.value == "AcDbEntity"; });
+    const bool marked = common != given.end();
+    if (paper && !spaceGiven && !marked) tags.push_back({67, "1"});
+    for (auto t = given.begin() + 1; t != given.end(); ++t) {
+        tags.push_back({t->code, fileText(t->value)});
+        if (paper && !spaceGiven && t == common) tags.push_back({67, "1"});
+    }
+    const RecordId record = doc_.insertBefore(before, std::move(tags));
     RecordId cursor = record;
-    // Appended last in the file and in the index, so the file order holds.
-    spaceEntities_.push_back(addEntity(record, -1, cursor));
+    if (block >= 0) {
+        Block& owner = blocks_[static_cast<std::size_t>(block)];
+        owner.entities.push_back(addEntity(record, block, cursor));
+        owner.extentState = Block::Extent::Unknown;
+        owner.extents.reset();
+    } else {
+        // Appended last in the file and in the index, so the file order holds.
+        spaceEntities_.push_back(addEntity(record, -1, cursor));
+    }
     announce([&](DrawingListener& l) { l.entityChanged(Change::Created, handle); });
     return handle;
 }

@@ -46,4 +46,18 @@ ardo::DbStatus Drawing::setEntityLayer(Handle handle, const std::string& layer) 
     return ardo::DbStatus::Ok;
 }
 
+std::vector<EntityTag> Drawing::tableRecordTags(std::string_view table, std::string_view name) const {
+    std::vector<EntityTag> out;
+    if (const auto record = findTableRecord(table, name))
+        for (const DxfTag& t : doc_.tags(*record)) out.push_back({t.code, text(t.value)});
+    return out;
+}
+
+std::vector<EntityTag> Drawing::recordTags(std::string_view handle) const {
+    std::vector<EntityTag> out;
+    if (const auto record = recordByHandle(handle))
+        for (const DxfTag& t : doc_.tags(*record)) out.push_back({t.code, text(t.value)});
+    return out;
+}
+
 }  // namespace cadhost

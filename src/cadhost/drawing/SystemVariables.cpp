@@ -119,6 +119,7 @@ std::optional<ResBuf> Drawing::getVar(std::string_view name) const {
     if (key == "LWUNITS") return ResBuf::shortInt(lwUnits_);
     if (key == "LWDEFAULT") return ResBuf::shortInt(lwDefault_);
     if (key == "LASTPOINT") return ResBuf::point3(lastPoint_);
+    if (key == "CTAB") return ResBuf::str(*currentTabName());
     const auto tags = headerVar("$" + key);
     if (key == "CECOLOR") {
         if (!currentColorBeyondIndex_.empty()) return ResBuf::str(currentColorBeyondIndex_);
@@ -172,6 +173,7 @@ DbStatus Drawing::storeVar(std::string_view name, const ResBuf& value) {
     // No value of a system variable holds a line break or another control character.
     if (value.restype == ardo::RTSTR && ardo::hasControlCharacter(value.text)) return DbStatus::InvalidInput;
     if (key == "CECOLOR") return storeCurrentColor(value);
+    if (key == "CTAB") return storeCurrentTab(value);
     std::string text = value.text;
     if (key == "CLAYER") {
         const auto layer = value.restype == ardo::RTSTR ? findLayer(value.text) : std::nullopt;

@@ -182,6 +182,8 @@ std::vector<Path> pathsOf(const Drawing& drawing, Handle entity, const std::vect
         // The third and fourth corners of a solid are in zig-zag order.
         const bool solid = type != "3DFACE";
         out.push_back({{g.point(10), g.point(11), g.point(solid ? 13 : 12), g.point(solid ? 12 : 13)}, true, solid});
+    } else {
+        out = framePathsOf(drawing, tags);
     }
     for (const Path& p : out)
         if (p.points.empty()) return {};

@@ -58,9 +58,15 @@ struct Path {
     bool filled = false;                 // SOLID and TRACE
 };
 
-// LINE, ARC, CIRCLE, ELLIPSE, LWPOLYLINE, POLYLINE, SPLINE, POINT, SOLID, TRACE and 3DFACE;
-// nothing for other entities (texts, blocks, hatches are not drawn from one chain).
+// LINE, ARC, CIRCLE, ELLIPSE, LWPOLYLINE, POLYLINE, SPLINE, POINT, SOLID, TRACE, 3DFACE and
+// what framePathsOf gives; nothing for other entities (texts, blocks, hatches are not
+// drawn from one chain).
 std::vector<Path> pathsOf(const Drawing& drawing, Handle entity, const std::vector<EntityTag>& tags,
                           int circleSegments);
+
+// A LEADER's path with its arrowhead (closed and filled, DIMASZ times DIMSCALE long from
+// its dimension style, or from the header when the drawing lacks the style); the frames
+// of IMAGE and WIPEOUT; a floating VIEWPORT's border (not the layout's own, ID 1).
+std::vector<Path> framePathsOf(const Drawing& drawing, const std::vector<EntityTag>& tags);
 
 }  // namespace cadhost::geometry

@@ -27,6 +27,7 @@
 #include "cadhost/gui/CommandDock.h"
 #include "cadhost/gui/CommandMenus.h"
 #include "cadhost/gui/LayerBar.h"
+#include "cadhost/gui/LayoutTabs.h"
 #include "cadhost/gui/TextWindow.h"
 #include "cadhost/gui/ViewCommand.h"
 
@@ -69,6 +70,7 @@ struct CadWindow::Page final : DrawingListener {
 
     Document* document;
     DrawingView* view;
+    LayoutTabs* spaces = nullptr;   // the view with its space tabs, as the document's tab shows it
     bool attached = true;
     std::function<void()> layersChanged;
     std::function<void()> marksChanged;
@@ -119,7 +121,7 @@ CadWindow::~CadWindow() = default;
 void CadWindow::detach() {
     // The views listen to drawings the application owns; they go first.
     while (tabs_->count() > 0) tabs_->removeTab(0);
-    for (const auto& page : pages_) delete page->view;
+    for (const auto& page : pages_) delete page->spaces;
     pages_.clear();
     commandLine_.reset();
     layerBar_->setDrawing(nullptr, {});
@@ -217,21 +219,23 @@ void CadWindow::syncDocuments() {
         page.attached = false;
         viewCommand_.reset();
         autoSave_.forget(*page.document);
-        page.view->scene().forgetDrawing();
+        page.spaces->forgetDrawing();
         tabs_->removeTab(static_cast<int>(i));
-        delete page.view;
+        delete page.spaces;
         pages_.erase(pages_.begin() + static_cast<std::ptrdiff_t>(i));
     }
     for (const auto& document : documents) {
         if (pageOf(*document)) continue;
         auto* view = new DrawingView(document->drawing(), Space::Model);
         view->setInput(viewInput());
+        document->setView(view);
         pages_.push_back(std::make_unique<Page>(*document, view));
+        pages_.back()->spaces = new LayoutTabs(document->drawing(), view);
         pages_.back()->layersChanged = [this, d = document.get()] {
             if (app_ && app_->hasDocument() && &app_->current() == d) layerBar_->refresh();
         };
         pages_.back()->marksChanged = [this] { showMarksSoon(); };
-        tabs_->addTab(view, title(*document));
+        tabs_->addTab(pages_.back()->spaces, title(*document));
         if (document->titled()) remember(document->path());
     }
     syncing_ = false;
@@ -244,7 +248,7 @@ void CadWindow::showCurrent() {
     if (!page) return;
     layerBar_->setDrawing(&page->document->drawing(), [view = page->view] { return view->selection(); });
     syncing_ = true;
-    tabs_->setCurrentWidget(page->view);
+    tabs_->setCurrentWidget(page->spaces);
     syncing_ = false;
     showMarks();
 }
@@ -344,7 +348,8 @@ bool CadWindow::runViewCommand(const std::string& line) {
         DrawingView* view = currentView();
         viewTransparent_ = waiting_ || !commandLine_ || commandLine_->busy();
         if (words.isEmpty() || !view ||
-            !(viewCommand_ = ViewCommand::start(words.takeFirst().toStdString(), viewTransparent_, *view)))
+            !(viewCommand_ = ViewCommand::start(words.takeFirst().toStdString(), viewTransparent_,
+                                                app_->current().drawing(), *view)))
             return false;
         print(dock_->prompt() + line + "\n");
         for (const QString& word : words)

@@ -72,7 +72,7 @@ void DrawingView::rememberView() {
 void DrawingView::zoomExtents() {
     fitted_ = true;
     // A margin of 5 % on each side.
-    fit(scene_.extents(), 0.9);
+    fit(layout_ ? layout_->extents() : scene_.extents(), 0.9);
 }
 
 void DrawingView::zoomWindow(const Box2& area) { fit(area, 1); }
@@ -133,9 +133,13 @@ ViewTransform DrawingView::transform() const {
 }
 
 void DrawingView::refreshPicture() {
-    const ScenePainter painter(scene_, kBackground);
+    // Highlights on a layout cut their gaps in the sheet's white.
+    const ScenePainter painter(shown(), layout_ ? QColor(Qt::white) : kBackground);
     const ViewTransform now = transform();
-    bool current = drawing_.size() == size() && drawingRevision_ == scene_.revision() && drawn_.scale == now.scale;
+    const std::uint64_t revision = layout_ ? layout_->revision(scene_) : scene_.revision();
+    bool current = drawing_.size() == size() && drawingRevision_ == revision && drawn_.scale == now.scale;
+    // A layout is painted whole: its sheet and viewports do not shift in strips.
+    if (layout_ && current) current = drawn_.left == now.left && drawn_.top == now.top;
     if (current && (drawn_.left != now.left || drawn_.top != now.top)) {
         const double dx = now.left - drawn_.left, dy = now.top - drawn_.top;
         const int ix = static_cast<int>(std::lround(dx)), iy = static_cast<int>(std::lround(dy));
@@ -155,18 +159,24 @@ void DrawingView::refreshPicture() {
     }
     if (!current) {
         drawing_ = QImage(size(), QImage::Format_RGB32);
-        painter.paintDrawing(drawing_, drawing_.rect(), now);
+        if (layout_) {
+            QPainter onto(&drawing_);
+            paintLayout(onto, drawing_.rect(), now, *layout_, scene_);
+        } else {
+            painter.paintDrawing(drawing_, drawing_.rect(), now);
+        }
         drawn_ = now;
-        drawingRevision_ = scene_.revision();
+        drawingRevision_ = revision;
         pictureStale_ = true;
     }
-    if (highlightRevision_ != scene_.highlightRevision() || shownSelection_ != selectionRevision_) pictureStale_ = true;
+    if (highlightRevision_ != shown().highlightRevision() || shownSelection_ != selectionRevision_)
+        pictureStale_ = true;
     if (!pictureStale_) return;
     picture_ = drawing_;
-    highlightRevision_ = scene_.highlightRevision();
+    highlightRevision_ = shown().highlightRevision();
     shownSelection_ = selectionRevision_;
     pictureStale_ = false;
-    if (scene_.anyHighlighted() || !selected_.empty()) painter.paintHighlights(picture_, now, selected_);
+    if (shown().anyHighlighted() || !selected_.empty()) painter.paintHighlights(picture_, now, selected_);
 }
 
 void DrawingView::paintEvent(QPaintEvent*) {
@@ -263,7 +273,7 @@ void DrawingView::click(QPointF at, bool shift) {
         if (input_.point) input_.point(toWorld(at));
         return;
     }
-    const auto hit = scene_.pick(toWorld(at), kPickPixels / scale_);
+    const auto hit = shown().pick(toWorld(at), kPickPixels / scale_);
     if (hit || (input_.singlePick && input_.singlePick())) {
         hand(hit ? std::vector<Handle>{*hit} : std::vector<Handle>{}, at, shift);
         return;
@@ -278,7 +288,7 @@ void DrawingView::finishWindow(QPointF at, bool shift) {
     Box2 area;
     area.add(toWorld(from));
     area.add(toWorld(at));
-    hand(scene_.select(area, at.x() < from.x()), at, shift);
+    hand(shown().select(area, at.x() < from.x()), at, shift);
     update();
 }
 

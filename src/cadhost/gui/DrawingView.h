@@ -9,14 +9,18 @@
 #include <unordered_set>
 #include <vector>
 
+#include <memory>
+
 #include "cadhost/commands/InputRequest.h"
+#include "cadhost/commands/ViewControl.h"
+#include "cadhost/gui/LayoutScene.h"
 #include "cadhost/gui/ScenePainter.h"
 
 class QPainter;
 
 namespace cadhost::gui {
 
-class DrawingView final : public QWidget {
+class DrawingView final : public QWidget, public commands::ViewControl {
 public:
     struct Input {
         // What the prompt takes at the moment (Text when nothing is asked).
@@ -37,19 +41,35 @@ public:
 
     DrawingView(Drawing& drawing, Space space, QWidget* parent = nullptr);
 
+    // Model space, which the view and each viewport of a layout show.
     Scene& scene() { return scene_; }
+    // What the view shows: model space, or the paper space of the layout shown.
+    Scene& shown() { return layout_ ? layout_->paper() : scene_; }
     void setInput(Input input) { input_ = std::move(input); }
     const Input& input() const { return input_; }
+    // The drawing is gone: neither scene touches it again.
+    void forgetDrawing();
+
+    // --- space ------------------------------------------------------------------------
+    // Shows a layout's sheet, or model space again; each space keeps its own view.
+    void showLayout(std::optional<Layout> layout);
+    const LayoutScene* layout() const { return layout_.get(); }
 
     // --- view -------------------------------------------------------------------------
-    void zoomExtents();
+    void zoomExtents() override;
     // Shows exactly the area, centred (ZOOM Window).
     void zoomWindow(const Box2& area);
+    // --- commands::ViewControl, for ZOOM and PAN ----------------------------------------
+    void zoomWindow(const ardo::Point3& a, const ardo::Point3& b) override;
+    void zoomCenter(const ardo::Point3& centre, std::optional<double> height) override;
+    void zoomScale(double factor, bool relative) override;
+    void pan(const ardo::Point3& from, const ardo::Point3& to) override;
+    double viewHeight() const override;
     // Zooms by `factor` keeping the world point under `screen` where it is.
     void zoomAt(double factor, QPointF screen);
     void panBy(QPointF pixels);
     // The previous view, as ZOOM Previous; false when there is none.
-    bool zoomPrevious();
+    bool zoomPrevious() override;
     double scale() const { return scale_; }
     Vec2 toWorld(QPointF screen) const;
     QPointF toScreen(Vec2 world) const;
@@ -75,6 +95,13 @@ private:
         Vec2 centre;
         double scale;
     };
+    // The view of the space not shown, kept for switching back.
+    struct SpaceView {
+        Vec2 centre;
+        double scale = 1;
+        bool fitted = false;
+        std::vector<ViewState> previous;
+    };
     void rememberView();
     // Shows the box centred, filling that part of the view; the view before is remembered.
     void fit(const Box2& box, double fill);
@@ -87,6 +114,8 @@ private:
     void drawRubberBand(QPainter& painter);
 
     Scene scene_;
+    std::unique_ptr<LayoutScene> layout_;
+    SpaceView otherSpace_;
     Input input_;
     Vec2 centre_;
     double scale_ = 1;   // pixels per drawing unit

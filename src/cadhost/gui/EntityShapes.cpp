@@ -232,7 +232,29 @@ void EntityShapes::add(Handle entity, const Context& context, std::vector<Piece>
                                                           : Piece::Kind::Stroke;
             piece(kind, std::move(points), path.closed);
         }
+        if (type == "IMAGE") imageName(t, text);
     }
+}
+
+template <class Text>
+void EntityShapes::imageName(const Groups& t, Text&& text) const {
+    // The picture is not drawn: its frame names the file, along the bottom edge.
+    const std::string* definition = t.text(340);
+    if (!definition) return;
+    const auto tags = drawing_.recordTags(*definition);
+    const std::string* path = tags.empty() ? nullptr : Groups(tags).text(1);
+    if (!path || path->empty()) return;
+    const std::size_t slash = path->find_last_of("/\\");
+    const std::string name = slash == std::string::npos ? *path : path->substr(slash + 1);
+    const ardo::Point3 u = t.point(11), v = t.point(12);
+    const double height = std::hypot(v[0], v[1]) * t.get(23, 1) / 12;
+    const double width = std::hypot(u[0], u[1]) * t.get(13, 1);
+    // Small enough to fit the frame's width.
+    const double fitted = std::min(height, width / (0.8 * static_cast<double>(name.size() + 2)));
+    const Vec2 at = point(t, 10);
+    const double a = std::atan2(u[1], u[0]);
+    text(Vec2{at.x + fitted * (std::cos(a) - std::sin(a)) / 2, at.y + fitted * (std::sin(a) + std::cos(a)) / 2}, fitted,
+         a * 180.0 / M_PI, name);
 }
 
 void EntityShapes::addInsert(const std::vector<EntityTag>& tagList, Handle entity, const Context& inner,

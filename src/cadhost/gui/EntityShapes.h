@@ -38,6 +38,9 @@ private:
     PieceLine lineOf(const geometry::Groups& tags, const Context& context) const;
     // The same with ByLayer looked up, for what a block's contents inherit.
     PieceLine inheritedLine(PieceLine line, const std::string& layer) const;
+    // The file name of an IMAGE inside its frame.
+    template <class Text>
+    void imageName(const geometry::Groups& tags, Text&& text) const;
     void addInsert(const std::vector<EntityTag>& tags, Handle entity, const Context& inner,
                    const Context& outer, std::vector<Piece>& out);
 

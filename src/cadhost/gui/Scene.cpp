@@ -79,7 +79,8 @@ Box2 pieceBox(const Piece& p) {
 
 }  // namespace
 
-Scene::Scene(Drawing& drawing, Space space) : drawing_(drawing), space_(space) {
+Scene::Scene(Drawing& drawing, Space space, std::string block)
+    : drawing_(drawing), space_(space), block_(foldName(block)) {
     rebuild();
     drawing_.addListener(*this);
 }
@@ -160,14 +161,21 @@ void Scene::rebuild() {
     readVariables();
     readLayers();
     Box2 bounds;
-    drawing_.forEachEntity([&](const EntityInfo& info) {
-        if (info.space != space_) return true;
-        SceneItem item = itemOf(info.handle);
+    auto add = [&](Handle handle) {
+        SceneItem item = itemOf(handle);
         bounds.add(item.box);
-        itemByHandle_.emplace(info.handle, static_cast<std::uint32_t>(items_.size()));
+        itemByHandle_.emplace(handle, static_cast<std::uint32_t>(items_.size()));
         items_.push_back(std::move(item));
-        return true;
-    });
+    };
+    if (space_ == Space::Block) {
+        if (const auto block = drawing_.blockContents(block_))
+            for (Handle h : block->entities) add(h);
+    } else {
+        drawing_.forEachEntity([&](const EntityInfo& info) {
+            if (info.space == space_) add(info.handle);
+            return true;
+        });
+    }
     looks_.assign(items_.size(), Look::Normal);
     listed_.assign(items_.size(), false);
     grid_.reset(bounds, items_.size());
@@ -181,6 +189,10 @@ SceneItem Scene::itemOf(Handle handle) {
     SceneItem item{handle, {}, shapes.shapes(handle)};
     for (const Piece& p : item.pieces) item.box.add(pieceBox(p));
     return item;
+}
+
+bool Scene::shows(const EntityInfo& info) const {
+    return info.space == space_ && (space_ != Space::Block || foldName(info.block) == block_);
 }
 
 void Scene::place(std::uint32_t index) { grid_.insert(index, items_[index].box); }
@@ -327,13 +339,16 @@ void Scene::layerChanged(Change, const std::string&) {
 void Scene::entityChanged(Change change, std::uint64_t handle) {
     ++revision_;
     const auto info = change == Change::Erased ? std::nullopt : drawing_.entity(handle);
-    if (info && info->space == Space::Block) {
+    const bool own = info && shows(*info);
+    // A layout's block is never inserted: its entities change no reference.
+    const bool layoutBlock = info && info->space == Space::Block && foldName(info->block).starts_with("*PAPER_SPACE");
+    if (info && info->space == Space::Block && !own && !layoutBlock) {
         // A block's contents changed: every reference may look different.
         rebuild();
     } else if (const auto it = itemByHandle_.find(handle); it != itemByHandle_.end()) {
-        items_[it->second] = info && info->space == space_ ? itemOf(handle) : SceneItem{handle, {}, {}};
+        items_[it->second] = own ? itemOf(handle) : SceneItem{handle, {}, {}};
         place(it->second);
-    } else if (info && info->space == space_) {
+    } else if (own) {
         SceneItem item = itemOf(handle);
         const auto index = static_cast<std::uint32_t>(items_.size());
         itemByHandle_.emplace(handle, index);

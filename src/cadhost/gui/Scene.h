@@ -36,11 +36,14 @@ enum class Look : std::uint8_t { Normal, Hidden, Highlighted };
 
 class Scene final : public DrawingListener {
 public:
-    Scene(Drawing& drawing, Space space);
+    // The entities of model or paper space, or of a block (a layout other than the file's
+    // active one keeps its entities in its block).
+    Scene(Drawing& drawing, Space space, std::string block = {});
     ~Scene() override;
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
 
+    Drawing& drawing() { return drawing_; }
     // The drawing is gone (its document was closed elsewhere): nothing of it is touched again.
     void forgetDrawing() { attached_ = false; }
     // Reads every entity of the space again (REGEN).
@@ -98,9 +101,12 @@ private:
     // Distance from `at` to the item's nearest piece; nothing beyond `limit`.
     std::optional<double> distance(const SceneItem& item, Vec2 at, double limit) const;
     bool crosses(const SceneItem& item, const Box2& area) const;
+    // Whether the entity belongs to what this scene shows.
+    bool shows(const EntityInfo& info) const;
 
     Drawing& drawing_;
     Space space_;
+    std::string block_;   // folded; for Space::Block
     std::vector<SceneLayer> layers_;
     std::unordered_map<std::string, int> layerByName_;   // folded name
     std::unordered_map<std::string, std::vector<double>> patterns_;   // folded linetype name

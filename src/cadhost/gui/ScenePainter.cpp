@@ -26,7 +26,7 @@ constexpr double kSolidPeriod = 1.5;
 constexpr double kPixelsPerMillimetre = 96 / 25.4;
 
 QColor shown(std::uint32_t rgb, bool faded, QColor background) {
-    const std::uint32_t c = screenColor(rgb);
+    const std::uint32_t c = background.lightness() > 127 ? paperColor(rgb) : screenColor(rgb);
     QColor color((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF);
     if (!faded) return color;
     // A locked layer's entities blend halfway into the background.
@@ -52,8 +52,9 @@ struct Deferred {
 // Draws one item's pieces: hair lines at once, fills and large texts queued for a painter.
 class ItemDrawer {
 public:
-    ItemDrawer(const Scene& scene, PixelCanvas& canvas, const ViewTransform& view, QColor background)
-        : layers_(scene.layers()), canvas_(canvas), view_(view), background_(background),
+    ItemDrawer(const Scene& scene, PixelCanvas& canvas, const ViewTransform& view, QColor background,
+               const std::vector<bool>* frozen = nullptr)
+        : layers_(scene.layers()), frozen_(frozen), canvas_(canvas), view_(view), background_(background),
           linetypeScale_(scene.linetypeScale()), lineweights_(scene.lineweightsShown()),
           defaultLineweight_(scene.defaultLineweight()) {}
 
@@ -65,7 +66,8 @@ public:
         across_ = std::max(item.box.x1 - item.box.x0, item.box.y1 - item.box.y0) * s;
         for (const Piece& p : item.pieces) {
             const SceneLayer& layer = layers_[p.layer];
-            if (!layer.shown()) continue;
+            const bool frozenHere = frozen_ && static_cast<std::size_t>(p.layer) < frozen_->size() && (*frozen_)[p.layer];
+            if (!layer.shown() || frozenHere) continue;
             const std::uint32_t rgb = p.color.byLayer ? layer.rgb : p.color.rgb;
             QColor color = shown(rgb, layer.locked, background_);
             canvas_.setWidth(lineweights_ ? pixelWidth(p.line.weight, layer) : 1);
@@ -209,6 +211,7 @@ private:
     }
 
     const std::vector<SceneLayer>& layers_;
+    const std::vector<bool>* frozen_;   // a viewport's frozen layers, when drawn through one
     double across_ = 0;   // the item's size on screen, in pixels
     PixelCanvas& canvas_;
     const ViewTransform& view_;
@@ -280,6 +283,7 @@ void paintText(QPainter& painter, const Piece& p, QColor color, const ViewTransf
 }
 
 std::uint32_t screenColor(std::uint32_t rgb) { return (rgb & 0xFFFFFF) == 0 ? 0xFFFFFF : rgb; }
+std::uint32_t paperColor(std::uint32_t rgb) { return (rgb & 0xFFFFFF) == 0xFFFFFF ? 0 : rgb; }
 
 Box2 ViewTransform::world(const QRect& r) const {
     Box2 box;
@@ -295,8 +299,14 @@ void ScenePainter::paintDrawing(QImage& image, QRect clip, const ViewTransform& 
         QPainter painter(&image);
         painter.fillRect(clip, background_);
     }
+    paintEntities(image, clip, view);
+}
+
+void ScenePainter::paintEntities(QImage& image, QRect clip, const ViewTransform& view) const {
+    clip = clip.intersected(image.rect());
+    if (clip.isEmpty()) return;
     PixelCanvas canvas(image, clip);
-    ItemDrawer drawer(scene_, canvas, view, background_);
+    ItemDrawer drawer(scene_, canvas, view, background_, &frozen_);
     scene_.visit(view.world(clip), [&](const SceneItem& item, Look) { drawer.draw(item, false); });
     paintDeferred(image, clip, view, drawer.fills, drawer.texts);
 }

@@ -29,12 +29,18 @@ public:
 
     // The background and every shown entity whose box meets the pixels of `clip`.
     void paintDrawing(QImage& image, QRect clip, const ViewTransform& view) const;
+    // The same over what the image holds (a layout's entities over its sheet).
+    void paintEntities(QImage& image, QRect clip, const ViewTransform& view) const;
+    // Layers left out besides those off or frozen (a viewport's frozen layers), by the
+    // scene's layer index.
+    void setFrozenLayers(std::vector<bool> frozen) { frozen_ = std::move(frozen); }
     // Highlighted and selected entities drawn dashed over what `paintDrawing` left.
     void paintHighlights(QImage& image, const ViewTransform& view, const std::unordered_set<Handle>& selected) const;
 
 private:
     const Scene& scene_;
     QColor background_;
+    std::vector<bool> frozen_;
 };
 
 // A fill piece's loops as one path in view coordinates; loops inside others are holes.
@@ -45,5 +51,7 @@ void paintText(QPainter& painter, const Piece& piece, QColor color, const ViewTr
 // The colour an entity shows on the view's dark background: black turns white, as the
 // index colour 7 does.
 std::uint32_t screenColor(std::uint32_t rgb);
+// The same on a light background (a layout's sheet): white turns black.
+std::uint32_t paperColor(std::uint32_t rgb);
 
 }  // namespace cadhost::gui

@@ -1,7 +1,7 @@
 #pragma once
-// ZOOM and PAN at the command line. They work on the window's view, so the window runs
-// them itself: alone at the command prompt, or transparently with an apostrophe ('ZOOM,
-// 'PAN) in the middle of another command or a LISP prompt, which goes on afterwards.
+// ZOOM and PAN typed at the window's command line: alone at the command prompt, or
+// transparently with an apostrophe ('ZOOM, 'PAN) in the middle of another command or a
+// LISP prompt, which goes on afterwards. They run the host's own ZOOM and PAN on the view.
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,6 +9,10 @@
 
 #include "cadhost/commands/InputRequest.h"
 #include "cadhost/gui/SceneTypes.h"
+
+namespace cadhost {
+class Drawing;
+}
 
 namespace cadhost::gui {
 
@@ -20,7 +24,8 @@ public:
 
     // The command a line starts, or null when the line names none. `transparent` says
     // whether something else waits for input: only 'ZOOM and 'PAN start then.
-    static std::unique_ptr<ViewCommand> start(std::string_view line, bool transparent, DrawingView& view);
+    static std::unique_ptr<ViewCommand> start(std::string_view line, bool transparent, Drawing& drawing,
+                                              DrawingView& view);
 
     virtual std::string prompt() const = 0;
     virtual commands::InputRequest request() const = 0;
