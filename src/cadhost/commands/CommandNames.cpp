@@ -3,6 +3,7 @@
 #include "cadhost/commands/BlockCommands.h"
 #include "cadhost/commands/DraftingCommands.h"
 #include "cadhost/commands/EditingCommands.h"
+#include "cadhost/commands/PlotCommand.h"
 #include "base/CaseFold.h"
 
 namespace cadhost::commands {
@@ -53,13 +54,14 @@ constexpr CommandEntry kCommands[] = {
     {"BLOCK", makeBlockCommand},
     {"EXPLODE", makeExplodeCommand},
     {"HATCH", makeHatchCommand},
+    {"PLOT", makePlotCommand},
 };
 
 // Commands that have a "-" command-line form beside their dialog (MAPEXPORT is known by
 // its dash form from GIS hosts; here both forms prompt on the command line).
 bool hasDashForm(std::string_view name) {
-    return name == "LAYER" || name == "MAPEXPORT" || name == "INSERT" || name == "BLOCK" ||
-           name == "HATCH";
+    return name == "LAYER" || name == "MAPEXPORT" || name == "INSERT" || name == "BLOCK" || name == "HATCH" ||
+           name == "PLOT";
 }
 
 }  // namespace

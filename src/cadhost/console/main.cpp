@@ -9,6 +9,7 @@
 #include "cadhost/console/Console.h"
 #include "cadhost/console/VersionText.h"
 #include "cadhost/console/WindowStart.h"
+#include "cadhost/gui/PlotRenderer.h"
 
 namespace {
 
@@ -43,6 +44,8 @@ int main(int argc, char** argv) {
         std::cerr << "ardo-cad: " << *error << '\n' << usageText();
         return 2;
     }
+    // PLOT writes PDF through the window layer's painting, in the console too.
+    cadhost::commands::setPlotWriter(cadhost::gui::writePlot);
     try {
         if (options.auditLayers) {
             const auto module = modulePath(options, folder);

@@ -21,6 +21,7 @@
 #include "cadhost/lisp/Interpreter.h"
 #include "cadhost/app/RepairReport.h"
 #include "cadhost/gui/ColorDialog.h"
+#include "cadhost/gui/PlotDialog.h"
 #include "cadhost/gui/DrawingReading.h"
 #include "cadhost/gui/CommandDock.h"
 #include "cadhost/gui/CommandMenus.h"
@@ -143,6 +144,7 @@ void CadWindow::buildMenus() {
     recentMenu_ = file->addMenu(tr("Open &Recent"));
     add(file, tr("&Save"), QKeySequence::Save, [this] { saveCurrent(); });
     add(file, tr("Save &As..."), QKeySequence::SaveAs, [this] { saveAsDialog(); });
+    add(file, tr("&Plot..."), QKeySequence::Print, [this] { plotDialog(); });
     add(file, tr("&Close"), QKeySequence::Close, [this] { closeTab(tabs_->currentIndex()); });
     file->addSeparator();
     add(file, tr("E&xit"), QKeySequence::Quit, [this] { close(); });
@@ -340,6 +342,10 @@ void CadWindow::enterLine(const std::string& line) {
     if (waiting_ || !commandLine_ || !commandLine_->echoesItself(line)) print(dock_->prompt() + line + "\n");
     if (waiting_) return answerPrompt(PromptAnswer{line, std::nullopt, {}});
     if (!commandLine_) return;
+    if (!commandLine_->busy() && PlotDialog::asksForDialog(line)) {
+        if (commandLine_->echoesItself(line)) print(dock_->prompt() + line + "\n");
+        return plotDialog();
+    }
     commandLine_->enter(line);
     refresh();
 }

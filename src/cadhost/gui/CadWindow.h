@@ -111,6 +111,8 @@ private:
     void openDialog();
     bool openFile(const std::string& path);
     bool saveAsDialog();
+    // PLOT: the plot dialog on the current drawing.
+    void plotDialog();
     // Asks whether to save a changed drawing; false when the user cancelled.
     bool mayClose(Page& page);
     void closeTab(int index);

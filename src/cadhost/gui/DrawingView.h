@@ -50,6 +50,7 @@ public:
     // What the view shows: model space, or the paper space of the layout shown.
     Scene& shown() { return layout_ ? layout_->paper() : scene_; }
     void setInput(Input input) { input_ = std::move(input); }
+    const Input& input() const { return input_; }
     // The drawing is gone: neither scene touches it again.
     void forgetDrawing();
 

@@ -98,6 +98,7 @@ void Scene::readLayers() {
         layer.off = record.isOff;
         layer.frozen = record.isFrozen;
         layer.locked = record.isLocked;
+        layer.plottable = record.isPlottable;
         layer.dashes = pattern(record.linetype);
         layer.lineweight = record.lineweight;
         return true;

@@ -20,6 +20,7 @@ struct SceneLayer {
     std::string name;
     std::uint32_t rgb = 0xFFFFFF;
     bool off = false, frozen = false, locked = false;
+    bool plottable = true;
     std::vector<double> dashes{};   // its linetype's pattern; empty is solid
     int lineweight = -3;
     bool shown() const { return !off && !frozen; }

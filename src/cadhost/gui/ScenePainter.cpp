@@ -241,41 +241,46 @@ void paintDeferred(QImage& image, QRect clip, const ViewTransform& view, const s
             painter.drawPolygon(polygon);
             continue;
         }
-        // Several loops: those inside others are holes.
-        QPainterPath path;
-        path.setFillRule(Qt::OddEvenFill);
-        std::size_t begin = 0;
-        for (std::size_t l = 0; l <= p.loops.size(); ++l) {
-            const std::size_t end = l < p.loops.size() ? p.loops[l] : p.points.size();
-            for (std::size_t i = begin; i < end; ++i) {
-                const QPointF at(view.x(p.points[i].x), view.y(p.points[i].y));
-                if (i == begin) path.moveTo(at);
-                else path.lineTo(at);
-            }
-            path.closeSubpath();
-            begin = end;
-        }
-        painter.drawPath(path);
+        painter.drawPath(fillPath(p, view));
     }
     painter.setBrush(Qt::NoBrush);
-    QFont font("DejaVu Sans");
-    for (const Deferred& d : texts) {
-        const Piece& p = *d.piece;
-        const double pixels = p.height * view.scale / kCapHeight;
-        painter.save();
-        painter.setPen(d.color);
-        painter.translate(view.x(p.points.front().x), view.y(p.points.front().y));
-        // A turned painter draws glyphs as paths; upright text keeps the glyph cache.
-        if (p.angle != 0) painter.rotate(-p.angle * 180.0 / M_PI);
-        font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
-        painter.setFont(font);
-        const QStringList lines = QString::fromStdString(p.text).split('\n');
-        for (int i = 0; i < lines.size(); ++i) painter.drawText(QPointF(0, i * 1.6 * p.height * view.scale), lines[i]);
-        painter.restore();
-    }
+    for (const Deferred& d : texts) paintText(painter, *d.piece, d.color, view);
 }
 
 }  // namespace
+
+QPainterPath fillPath(const Piece& p, const ViewTransform& view) {
+    // Several loops: those inside others are holes.
+    QPainterPath path;
+    path.setFillRule(Qt::OddEvenFill);
+    std::size_t begin = 0;
+    for (std::size_t l = 0; l <= p.loops.size(); ++l) {
+        const std::size_t end = l < p.loops.size() ? p.loops[l] : p.points.size();
+        for (std::size_t i = begin; i < end; ++i) {
+            const QPointF at(view.x(p.points[i].x), view.y(p.points[i].y));
+            if (i == begin) path.moveTo(at);
+            else path.lineTo(at);
+        }
+        path.closeSubpath();
+        begin = end;
+    }
+    return path;
+}
+
+void paintText(QPainter& painter, const Piece& p, QColor color, const ViewTransform& view) {
+    const double pixels = p.height * view.scale / kCapHeight;
+    painter.save();
+    painter.setPen(color);
+    painter.translate(view.x(p.points.front().x), view.y(p.points.front().y));
+    // A turned painter draws glyphs as paths; upright text keeps the glyph cache.
+    if (p.angle != 0) painter.rotate(-p.angle * 180.0 / M_PI);
+    QFont font("DejaVu Sans");
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
+    painter.setFont(font);
+    const QStringList lines = QString::fromStdString(p.text).split('\n');
+    for (int i = 0; i < lines.size(); ++i) painter.drawText(QPointF(0, i * 1.6 * p.height * view.scale), lines[i]);
+    painter.restore();
+}
 
 std::uint32_t screenColor(std::uint32_t rgb) { return (rgb & 0xFFFFFF) == 0 ? 0xFFFFFF : rgb; }
 std::uint32_t paperColor(std::uint32_t rgb) { return (rgb & 0xFFFFFF) == 0xFFFFFF ? 0 : rgb; }

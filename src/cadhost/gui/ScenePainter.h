@@ -4,10 +4,13 @@
 // texts to a painter; what is smaller than a pixel is a dot, small text a line.
 #include <QColor>
 #include <QImage>
+#include <QPainterPath>
 #include <QRect>
 #include <unordered_set>
 
 #include "cadhost/gui/Scene.h"
+
+class QPainter;
 
 namespace cadhost::gui {
 
@@ -39,6 +42,11 @@ private:
     QColor background_;
     std::vector<bool> frozen_;
 };
+
+// A fill piece's loops as one path in view coordinates; loops inside others are holes.
+QPainterPath fillPath(const Piece& piece, const ViewTransform& view);
+// A text piece at its height in view coordinates, each of its lines below the last.
+void paintText(QPainter& painter, const Piece& piece, QColor color, const ViewTransform& view);
 
 // The colour an entity shows on the view's dark background: black turns white, as the
 // index colour 7 does.
