@@ -129,7 +129,7 @@ TEST_F(InsertCommand, BadInputGetsTheMessageAndThePromptAgain) {
 TEST_F(InsertCommand, FoundOnTheSupportPath) {
     CommandLine other;
     CommandProcessor processor{{&other.drawing, [&](const std::string& t) { other.printed += t; }, {}, {}, nullptr,
-                                nullptr, [&](const std::string& name) -> std::optional<std::string> {
+                                nullptr, {}, [&](const std::string& name) -> std::optional<std::string> {
                                     if (name == "Tisch.dxf") return table;
                                     return std::nullopt;
                                 }}};

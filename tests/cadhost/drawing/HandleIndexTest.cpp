@@ -17,7 +17,9 @@ void expectSame(const HandleIndex<std::uint32_t>& table, const std::unordered_ma
         const std::uint32_t* found = table.find(k);
         const auto it = map.find(k);
         ASSERT_EQ(found != nullptr, it != map.end()) << "handle " << k << " after step " << step;
-        if (found) ASSERT_EQ(*found, it->second) << "handle " << k << " after step " << step;
+        if (found) {
+            ASSERT_EQ(*found, it->second) << "handle " << k << " after step " << step;
+        }
     }
 }
 

@@ -156,7 +156,7 @@ TEST(RoundTrip, TheWriterNeverBreaksAValueLine) {
 // A caret just before a control character: the control character is written with a caret
 // of its own, so the first must be marked as a plain caret or the two would read as one pair.
 TEST(RoundTrip, ACaretBeforeAControlCharacterComesBackAsItWas) {
-    for (const std::string value : {std::string("HEADE^\0R", 8), std::string("a^\nb"), std::string("^^\r"),
+    for (const std::string& value : {std::string("HEADE^\0R", 8), std::string("a^\nb"), std::string("^^\r"),
                                     std::string("x^ y^@")}) {
         EXPECT_EQ(caretDecode(caretEncode(value)), value) << caretEncode(value);
     }
