@@ -26,13 +26,16 @@ void GridIndex::reset(const Box2& bounds, std::size_t expected) {
     seen_.clear();
 }
 
-int GridIndex::column(double x) const {
-    return std::clamp(static_cast<int>(std::floor((x - bounds_.x0) / cellWidth_)), 0, columns_ - 1);
+namespace {
+// Clamped before it becomes an int: a point far outside the grid would not fit in one.
+int cellOf(double at, int count) {
+    return static_cast<int>(std::clamp(std::floor(at), 0.0, static_cast<double>(count - 1)));
 }
+}  // namespace
 
-int GridIndex::row(double y) const {
-    return std::clamp(static_cast<int>(std::floor((y - bounds_.y0) / cellHeight_)), 0, rows_ - 1);
-}
+int GridIndex::column(double x) const { return cellOf((x - bounds_.x0) / cellWidth_, columns_); }
+
+int GridIndex::row(double y) const { return cellOf((y - bounds_.y0) / cellHeight_, rows_); }
 
 void GridIndex::insert(std::uint32_t item, const Box2& box) {
     if (box.empty()) return;
