@@ -1,4 +1,5 @@
 // System variables: the drawing's header where DXF keeps them, the rest in memory.
+#include <algorithm>
 #include <chrono>
 #include <ctime>
 #include <variant>
@@ -168,7 +169,14 @@ std::optional<ResBuf> Drawing::getVar(std::string_view name) const {
 
 DbStatus Drawing::setVar(std::string_view name, const ResBuf& value) {
     const DbStatus status = storeVar(name, value);
-    if (status == DbStatus::Ok) announce([&](DrawingListener& l) { l.variableChanged(foldName(name)); });
+    if (status != DbStatus::Ok) return status;
+    // A listener may switch the view's space on CTAB or TILEMODE, which adds and removes
+    // listeners: walk a copy and skip those gone meanwhile.
+    const std::vector<DrawingListener*> listeners = listeners_;
+    const std::string folded = foldName(name);
+    for (DrawingListener* listener : listeners)
+        if (std::find(listeners_.begin(), listeners_.end(), listener) != listeners_.end())
+            listener->variableChanged(folded);
     return status;
 }
 
