@@ -22,7 +22,9 @@ protected:
     void SetUp() override {
         ModuleFixture::SetUp();
         marker = folder / "updater-ran";
-        const std::string updater = folder.write("prog/updater", "#!/bin/sh\necho \"$@\" > '" + marker + "'\n");
+        // Written aside and renamed, so the marker never exists without its arguments.
+        const std::string updater = folder.write(
+            "prog/updater", "#!/bin/sh\necho \"$@\" > '" + marker + ".part' && mv '" + marker + ".part' '" + marker + "'\n");
         ::chmod(updater.c_str(), 0755);
     }
     void offer(const std::string& updater) {
