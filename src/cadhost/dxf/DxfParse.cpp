@@ -88,7 +88,7 @@ std::string sectionFor(std::string_view type) {
 // mended where it stands instead.
 std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
     const bool recover = mode == DxfReadMode::Recover;
-    std::string section;
+    std::optional<std::string> section;   // the open section; a nameless one is open too
     std::size_t sectionLine = 0, tableLine = 0;
     bool inTable = false;
     auto closeTable = [&](RecordId before, std::size_t line) {
@@ -104,8 +104,8 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
             append({{0, "ENDSEC"}});
         else
             insertBefore(before, {{0, "ENDSEC"}});
-        repaired(line, "Section " + section + " (line " + std::to_string(sectionLine) + ") was closed with ENDSEC.");
-        section.clear();
+        repaired(line, "Section " + *section + " (line " + std::to_string(sectionLine) + ") was closed with ENDSEC.");
+        section.reset();
     };
     const std::string unclosedTable = "a TABLE is not closed with ENDTAB";
     for (RecordId id = first_, next = kNoRecord; id != kNoRecord; id = next) {
@@ -120,8 +120,8 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
                 if (!recover) return errorAt(tableLine, unclosedTable);
                 closeTable(id, line);
             }
-            if (!section.empty()) {
-                if (!recover) return errorAt(sectionLine, "section " + section + " is not closed with ENDSEC");
+            if (section) {
+                if (!recover) return errorAt(sectionLine, "section " + *section + " is not closed with ENDSEC");
                 closeSection(id, line);
             }
             if (type == "EOF") return std::nullopt;
@@ -136,7 +136,7 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
             sectionLine = line;
             continue;
         }
-        if (section.empty()) {
+        if (!section) {
             if (!recover) return errorAt(line, "\"" + std::string(type) + "\" stands outside any section");
             if (type == "ENDSEC" || type == "ENDTAB") {
                 erase(id);
@@ -145,8 +145,8 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
             }
             section = sectionFor(type);
             sectionLine = line;
-            insertBefore(id, {{0, "SECTION"}, {2, section}});
-            repaired(line, "\"" + std::string(type) + "\" stood outside any section; section " + section + " was opened for it.");
+            insertBefore(id, {{0, "SECTION"}, {2, *section}});
+            repaired(line, "\"" + std::string(type) + "\" stood outside any section; section " + *section + " was opened for it.");
         }
         if (type == "ENDSEC") {
             if (inTable) {
@@ -157,7 +157,7 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
                 replace(id, {{0, "ENDSEC"}});
                 repaired(line, std::to_string(tagCount - 1) + " tags after ENDSEC belong to no record and were left out.");
             }
-            section.clear();
+            section.reset();
         } else if (type == "TABLE") {
             if (inTable) {
                 if (!recover) return errorAt(tableLine, unclosedTable);
@@ -173,7 +173,7 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
                 continue;
             }
             inTable = false;
-        } else if (recover && section == "TABLES" && !inTable) {
+        } else if (recover && section == std::string("TABLES") && !inTable) {
             insertBefore(id, {{0, "TABLE"}, {2, std::string(type)}, {70, "0"}});
             inTable = true;
             tableLine = line;
@@ -183,7 +183,7 @@ std::optional<DxfError> DxfDocument::settleStructure(DxfReadMode mode) {
     if (!recover)
         return errorAt(lastLine_, "the file ends here with no end-of-file marker (0 EOF); it is truncated", kTruncated);
     if (inTable) closeTable(kNoRecord, lastLine_);
-    if (!section.empty()) closeSection(kNoRecord, lastLine_);
+    if (section) closeSection(kNoRecord, lastLine_);
     append({{0, "EOF"}});
     repaired(lastLine_, "The file ends at line " + std::to_string(lastLine_) + " without 0 EOF; the marker was added.");
     return std::nullopt;

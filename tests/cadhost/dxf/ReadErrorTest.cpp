@@ -27,6 +27,8 @@ TEST(ReadErrors, EachFaultIsNamedWithItsLine) {
         {"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  0\nEOF\n", "Line 1: section ENTITIES is not closed"},
         {"  0\nSECTION\n  2\nENTITIES\n  0\nENDSEC\n  0\nLINE\n  0\nEOF\n", "Line 7: \"LINE\" stands outside any section"},
         {"  0\nSECTION\n  0\nENDSEC\n  0\nEOF\n", "Line 1: a SECTION must be followed by its name"},
+        // A section with an empty name is open like any other (found by fuzzing the writer).
+        {"  0\nSECTION\n  2\n\n  0\nEOF\n", "Line 1: section  is not closed"},
         {"  8\nLAYER\n  0\nEOF\n", "Line 1: the file must begin with 0 SECTION"},
         {"  0\nSECTION\n  2\nTABLES\n  0\nTABLE\n  2\nLAYER\n  0\nENDSEC\n  0\nEOF\n", "Line 5: a TABLE is not closed"},
         {"\xff\xfe\x30\x00", "UTF-16"},
