@@ -99,6 +99,9 @@ cDlgAbout::cDlgAbout(const ProductInfo& i, QWidget* parent) : QDialog(parent), i
     connect(more, &QPushButton::clicked, this, [this] { cDlgInfo(info_, this).exec(); });
     column->addStretch(1);
     column->addWidget(buttons);
+    // Wide enough for its title beside the window manager's buttons, and not resizable.
+    setFixedSize(std::max(sizeHint().width(), fontMetrics().horizontalAdvance(windowTitle()) + 160),
+                 sizeHint().height());
 }
 
 cDlgInfo::cDlgInfo(const ProductInfo& i, QWidget* parent) : QDialog(parent) {

@@ -3,6 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QDialog>
+#include <QPointer>
+#include <QScreen>
+#include <QTimer>
 #include <QListWidget>
 #include <QSignalSpy>
 #include <QTextBlock>
@@ -50,6 +54,14 @@ TEST(HelpWindowTest, ShowsTheTopicWithImageLinksHistoryAndIndex) {
     forward->trigger();
     EXPECT_EQ(browser->documentTitle(), "Einstellungen für Hervorhebungen");
 
+    // A click on a link of the page opens the page it names.
+    QTextCursor link = browser->document()->find("Inhalt");
+    ASSERT_FALSE(link.isNull());
+    link.setPosition(link.selectionStart() + 1);
+    QTest::mouseClick(browser->viewport(), Qt::LeftButton, {}, browser->cursorRect(link).center());
+    EXPECT_EQ(browser->source().path().toStdString(), "/Inhalt.htm");
+    back->trigger();
+
     // An index entry opens its page.
     const auto found = window.index()->findItems("Linientypen", Qt::MatchExactly);
     ASSERT_EQ(found.size(), 1);
@@ -74,6 +86,35 @@ TEST(HelpWindowTest, TheViewerReusesOneWindowAndRefusesWhatIsNotThere) {
     EXPECT_FALSE(showHelpAddress(kBuiltHelp + "::/Fehlt.htm"));
     EXPECT_FALSE(showHelpAddress(std::string(ARDO_BUILD_HELP_DIR) + "/Fehlt.chm::/Inhalt.htm"));
     delete first;
+}
+
+// A modal dialog blocks every window that is not its own: help asked from one must belong to
+// it, and a window manager's placement must not leave it half off the screen.
+TEST(HelpWindowTest, HelpAskedInAModalDialogBelongsToItAndStaysOnTheScreen) {
+    QDialog dialog;
+    dialog.resize(300, 200);
+    QPointer<HelpWindow> help;
+    bool belongsToDialog = false;
+    QRect frame, room;
+    QTimer::singleShot(0, &dialog, [&] {
+        if (showHelpAddress(kBuiltHelp + "::/Konfiguration.htm") && QTest::qWaitForWindowExposed(currentHelpWindow())) {
+            help = currentHelpWindow();
+            belongsToDialog = help->parentWidget() == &dialog;
+            frame = help->frameGeometry();
+            room = help->screen()->availableGeometry();
+        }
+        dialog.reject();
+    });
+    dialog.exec();
+    EXPECT_TRUE(belongsToDialog);
+    EXPECT_TRUE(room.contains(frame)) << "help at " << frame.x() << "," << frame.y() << " size " << frame.width()
+                                      << "x" << frame.height();
+
+    // Asked again from the main window's level, the same help moves out of the dialog.
+    ASSERT_TRUE(showHelpAddress(kBuiltHelp + "::/Plotstile.htm"));
+    EXPECT_EQ(currentHelpWindow(), help.data());
+    EXPECT_EQ(currentHelpWindow()->parentWidget(), nullptr);
+    delete currentHelpWindow();
 }
 
 }  // namespace

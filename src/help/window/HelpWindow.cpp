@@ -1,6 +1,10 @@
 #include "help/window/HelpWindow.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QEventLoop>
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -11,6 +15,7 @@
 #include <QStringDecoder>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "base/Printf.h"
 #include "messages/MessageFile.h"
@@ -66,7 +71,14 @@ HelpWindow::HelpWindow(QWidget* parent) : QWidget(parent, Qt::Window) {
     auto* split = new QSplitter(this);
     index_ = new QListWidget(split);
     browser_ = new ChmBrowser(split);
-    browser_->setOpenExternalLinks(true);
+    // The browser would hand every link of the help file's own scheme to the desktop, which
+    // knows no such scheme: pages of the file open here, other addresses on the desktop.
+    browser_->setOpenLinks(false);
+    connect(browser_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
+        const QUrl target = browser_->source().resolved(link);
+        if (target.scheme() == kScheme) browser_->setSource(target);
+        else QDesktopServices::openUrl(target);
+    });
     split->addWidget(index_);
     split->addWidget(browser_);
     split->setStretchFactor(1, 3);
@@ -145,10 +157,27 @@ bool HelpWindow::showTopic(const std::string& helpFile, const std::string& topic
     const QUrl url = pageUrl(page);
     if (!file_->read(url.path().toStdString())) return false;
     browser_->setSource(url);
+    if (!isVisible()) placeBesideOwner();
     QWidget::show();
     raise();
     activateWindow();
     return true;
+}
+
+// Over the window that asked, kept on its screen: window managers place a new window where
+// there is room, which may be half off the screen.
+void HelpWindow::placeBesideOwner() {
+    const QWidget* owner = parentWidget() ? parentWidget()->window() : nullptr;
+    const QScreen* shown = owner ? owner->screen() : QGuiApplication::primaryScreen();
+    if (!shown) return;
+    // Room for the frame the window manager adds: a title bar and thin borders.
+    const QRect room = shown->availableGeometry().adjusted(8, 32, -8, -8);
+    QRect frame(QPoint(), size().boundedTo(room.size()));
+    frame.moveCenter(owner ? owner->frameGeometry().center() : room.center());
+    frame.moveLeft(std::clamp(frame.left(), room.left(), room.right() - frame.width()));
+    frame.moveTop(std::clamp(frame.top(), room.top(), room.bottom() - frame.height()));
+    resize(frame.size());
+    move(frame.topLeft());
 }
 
 HelpWindow* currentHelpWindow() { return window(); }
@@ -164,7 +193,12 @@ bool showHelpAddress(const std::string& address) {
         host().print(format(MessageFile::instance().text(kTexts, "KeineAnzeige"), address));
         return true;
     }
-    if (!window()) window() = new HelpWindow(hasHost() ? host().mainWindow() : nullptr);
+    // A modal dialog asking for help blocks every window but its own: the help window
+    // belongs to the dialog then, or it could not be read, scrolled or closed.
+    QWidget* owner = QApplication::activeModalWidget();
+    if (!owner && hasHost()) owner = host().mainWindow();
+    if (!window()) window() = new HelpWindow(owner);
+    else if (window()->parentWidget() != owner) window()->setParent(owner, Qt::Window);
     if (!window()->showTopic(where.file, where.topic)) return false;
     // Nobody runs the event loop of an application made here: the window runs its own
     // until it is closed.

@@ -40,6 +40,7 @@ public:
 private:
     void fillIndex();
     std::string startPage() const;
+    void placeBesideOwner();
 
     std::unique_ptr<ChmFile> file_;
     std::string path_;
@@ -47,7 +48,8 @@ private:
     QListWidget* index_;
 };
 
-// The viewer that showHelp uses: one help window, parented to the host's main window.
+// The viewer that showHelp uses: one help window, parented to the modal dialog that asked
+// or else to the host's main window.
 // Without a display it prints where the topic is instead.
 bool showHelpAddress(const std::string& address);
 
