@@ -1,6 +1,7 @@
 #include "cadhost/commands/DrawingAsBlock.h"
 
 #include <filesystem>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace cadhost::commands {
@@ -12,33 +13,49 @@ class BlockCopier {
 public:
     BlockCopier(Drawing& into, const Drawing& from) : into_(into), from_(from) {}
 
-    // The records of the entities, after the records they name were copied.
+    // The records of the entities, after the records they name were copied; an insert or a
+    // dimension names its block as this drawing has it.
     ardo::Result<Drawing::EntityRecords> records(const std::vector<Handle>& entities) {
         Drawing::EntityRecords out;
         for (Handle h : entities) {
             out.push_back(from_.entityTags(h));
             for (auto& part : from_.entityParts(h)) out.push_back(std::move(part));
         }
-        for (const auto& record : out) {
-            const bool insert = !record.empty() && record.front().value == "INSERT";
-            for (const EntityTag& t : record) {
+        for (auto& record : out) {
+            const std::string type = record.empty() ? std::string() : record.front().value;
+            for (EntityTag& t : record) {
                 if (t.code == 8) needLayer(t.value);
                 if (t.code == 6) into_.copyTableRecord(from_, "LTYPE", t.value);
                 if (t.code == 7) into_.copyTableRecord(from_, "STYLE", t.value);
-                if (t.code == 2 && insert)
-                    if (auto nested = block(t.value); !nested) return ardo::Error{nested.error()};
+                if (t.code == 2 && (type == "INSERT" || type == "DIMENSION")) {
+                    auto nested = block(t.value);
+                    if (!nested) return ardo::Error{nested.error()};
+                    t.value = *nested;
+                }
             }
         }
         return out;
     }
 
-    ardo::Status block(const std::string& name) {
-        if (into_.hasBlock(name) || !copying_.insert(foldName(name)).second) return {};
+    // The name the block has here once copied. A named block this drawing has already is
+    // kept; an anonymous one (a dimension's picture) is numbered anew when its name is taken.
+    ardo::Result<std::string> block(const std::string& name) {
+        const std::string key = foldName(name);
+        if (const auto it = copied_.find(key); it != copied_.end()) return it->second;
+        const bool anonymous = isAnonymousBlockName(name);
+        if (!anonymous && into_.hasBlock(name)) return name;
         const auto contents = from_.blockContents(name);
         if (!contents) return ardo::Error{"The drawing has no block \"" + name + "\"."};
+        std::string target = name;
+        for (int n = 1; anonymous && (into_.hasBlock(target) || taken_.count(foldName(target))); ++n)
+            target = name.substr(0, 2) + std::to_string(n);
+        // Known before its entities are copied, so that a block inserting itself ends.
+        copied_[key] = target;
+        taken_.insert(foldName(target));
         auto entities = records(contents->entities);
         if (!entities) return ardo::Error{entities.error()};
-        return define(name, contents->base, *entities);
+        if (auto defined = define(target, contents->base, *entities); !defined) return ardo::Error{defined.error()};
+        return target;
     }
 
     ardo::Status define(const std::string& name, const ardo::Point3& base, const Drawing::EntityRecords& entities) {
@@ -64,13 +81,16 @@ private:
 
     Drawing& into_;
     const Drawing& from_;
-    std::unordered_set<std::string> copying_;   // folded names, so that a block inserting itself ends
+    std::unordered_map<std::string, std::string> copied_;   // folded names there, names here
+    std::unordered_set<std::string> taken_;                  // folded names given here
 };
 
 }  // namespace
 
 ardo::Status copyBlock(Drawing& into, const Drawing& from, const std::string& name) {
-    return BlockCopier(into, from).block(name);
+    const auto copied = BlockCopier(into, from).block(name);
+    if (!copied) return ardo::Error{copied.error()};
+    return {};
 }
 
 ardo::Result<std::string> defineBlockFromFile(Drawing& into, const std::string& path) {

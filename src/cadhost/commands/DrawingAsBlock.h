@@ -8,9 +8,9 @@
 
 namespace cadhost::commands {
 
-// Defines `name` in `into` from the block of that name in `from`; the records its
-// entities name are copied first. What `into` has already is kept, as inserting a
-// drawing keeps it.
+// Defines `name` in `into` from the block of that name in `from`; the records and blocks
+// its entities name are copied first. What `into` has already is kept, as inserting a
+// drawing keeps it, but for anonymous blocks (a dimension's), which are numbered anew.
 ardo::Status copyBlock(Drawing& into, const Drawing& from, const std::string& name);
 
 // Reads the DXF file and defines a block named after it (the file name without folder

@@ -69,15 +69,26 @@ std::vector<Handle> transformEntities(const Context& context, const std::vector<
     std::size_t unknown = 0;
     for (Handle h : entities) {
         auto tags = transformedTags(drawing.entityTags(h), transform);
-        if (!tags || !drawing.entityParts(h).empty()) {
+        // An insert's attributes go with it; a POLYLINE's vertices are not transformed yet.
+        auto parts = drawing.entityParts(h);
+        bool known = tags.has_value();
+        for (auto& part : parts) {
+            auto moved = known ? transformedTags(std::move(part), transform) : std::nullopt;
+            known = moved.has_value();
+            if (known) part = std::move(*moved);
+        }
+        if (!known) {
             ++unknown;
             continue;
         }
         if (copy) {
-            std::erase_if(*tags, [](const EntityTag& t) { return t.code == 5 || t.code == 330; });
-            if (const auto made = drawing.makeEntity(*tags)) copies.push_back(*made);
+            const auto own = [](const EntityTag& t) { return t.code == 5 || t.code == 330; };
+            std::erase_if(*tags, own);
+            for (auto& part : parts) std::erase_if(part, own);
+            if (const auto made = drawing.makeEntity(*tags, parts)) copies.push_back(*made);
         } else {
             drawing.modifyEntity(h, *tags);
+            if (!parts.empty()) drawing.modifyEntityParts(h, parts);
         }
     }
     if (unknown > 0)

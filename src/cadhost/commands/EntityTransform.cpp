@@ -136,9 +136,9 @@ std::optional<std::vector<EntityTag>> transformedTags(std::vector<EntityTag> tag
             else if (tags[i].code == 40 || tags[i].code == 41 || tags[i].code == 43) tags[i].value = dxfNumber(number(tags[i].value) * s);
             else if (tags[i].code == 42 && t.mirrored()) tags[i].value = dxfNumber(-number(tags[i].value));
         }
-    } else if (type == "TEXT" || type == "MTEXT" || type == "INSERT") {
+    } else if (type == "TEXT" || type == "ATTRIB" || type == "MTEXT" || type == "INSERT") {
         transformPoint(tags, 10, t);
-        if (type == "TEXT") transformPoint(tags, 11, t);
+        if (type == "TEXT" || type == "ATTRIB") transformPoint(tags, 11, t);
         if (type == "MTEXT") {
             if (const auto i = find(tags, 11)) transformPointAt(tags, *i, t, true);
             scaleValue(tags, 41, s);

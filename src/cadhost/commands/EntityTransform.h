@@ -31,9 +31,9 @@ private:
     double zScale_ = 1;
 };
 
-// The entity's tags (as Drawing::entityTags gives them) with the transform applied;
-// nothing for a type the host cannot transform or an entity with parts (vertices,
-// attributes) the tags do not hold.
+// The entity's tags (as Drawing::entityTags gives them, or an insert's ATTRIB as
+// Drawing::entityParts does) with the transform applied; nothing for a type the host
+// cannot transform.
 std::optional<std::vector<EntityTag>> transformedTags(std::vector<EntityTag> tags, const Transform& transform);
 
 // The angle in [0, 2pi).

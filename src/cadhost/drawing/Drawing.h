@@ -223,6 +223,10 @@ public:
     // The records that belong to the entity after it (a POLYLINE's vertices, an INSERT's
     // attributes), each as its tags, without the closing SEQEND.
     std::vector<std::vector<EntityTag>> entityParts(Handle handle) const;
+    // Replaces the data of those records, as modifyEntity does for the entity: one list for
+    // each in order, of the same type; their handles and owner stay. InvalidInput when the
+    // lists do not match the records, KeyNotFound for an unknown entity or layer.
+    ardo::DbStatus modifyEntityParts(Handle handle, const std::vector<std::vector<EntityTag>>& parts);
     // A block's base point and its entities in file order; nothing for an unknown name.
     struct BlockContents {
         ardo::Point3 base{};
@@ -249,8 +253,10 @@ public:
     using EntityRecords = std::vector<std::vector<EntityTag>>;
     bool hasBlock(std::string_view name) const;
     // Defines the block, or gives an existing one the new base point and entities, so that
-    // its inserts show the new definition. InvalidInput for a layout block ("*Model_Space")
-    // or a name the drawing cannot hold; KeyNotFound when a record names an unknown layer.
+    // its inserts show the new definition. An anonymous name ("*D3", "*U7": a star, a letter,
+    // digits) makes an anonymous block, as a dimension's picture is. InvalidInput for a layout
+    // block ("*Model_Space") or a name the drawing cannot hold; KeyNotFound when a record
+    // names an unknown layer.
     ardo::DbStatus defineBlock(const std::string& name, const ardo::Point3& base, const EntityRecords& entities);
     // Copies another drawing's record of a linetype or text style ("LTYPE", "STYLE") by
     // name; a record the drawing has already is kept, as inserting a drawing keeps it.
@@ -375,6 +381,9 @@ private:
         for (DrawingListener* listener : listeners_) announce(*listener);
     }
     std::vector<OwnedTag> layerTags(const ardo::LayerRecord& record) const;
+    // A record's tags replaced by `given` (entmod's list) but for its handle and owner, and
+    // for the extended data of applications the list does not name.
+    std::vector<OwnedTag> modifiedTags(RecordId record, const std::vector<EntityTag>& given) const;
     // Refuses a lineweight or linetype a layer may not have (InvalidInput; KeyNotFound for a
     // linetype the drawing lacks) and gives the linetype the spelling of its record. Values
     // the layer had before are left as they are.
@@ -465,5 +474,8 @@ struct RecoveredDrawing {
 
 // Names compared without regard to case fold to this key (the host's case folding).
 std::string foldName(std::string_view utf8);
+
+// A name of an anonymous block: a star, a letter and digits ("*D3", "*U12").
+bool isAnonymousBlockName(std::string_view name);
 
 }  // namespace cadhost

@@ -1,6 +1,7 @@
 // Block definitions made or replaced by the host's commands, entities with their attributes
 // or vertices, and table records taken over from another drawing.
 #include <algorithm>
+#include <cctype>
 
 #include "cadhost/drawing/Drawing.h"
 #include "cadhost/dxf/TagEdit.h"
@@ -76,6 +77,11 @@ RecordId Drawing::insertEntityRecords(RecordId before, const EntityRecords& reco
     return first;
 }
 
+bool isAnonymousBlockName(std::string_view name) {
+    return name.size() > 2 && name[0] == '*' && std::isalpha(static_cast<unsigned char>(name[1])) &&
+           std::all_of(name.begin() + 2, name.end(), [](char c) { return std::isdigit(static_cast<unsigned char>(c)); });
+}
+
 bool Drawing::hasBlock(std::string_view name) const { return blockByName_.count(foldName(name)) != 0; }
 
 RecordId Drawing::blocksSectionEnd() {
@@ -98,7 +104,8 @@ RecordId Drawing::blocksSectionEnd() {
 }
 
 ardo::DbStatus Drawing::defineBlock(const std::string& name, const ardo::Point3& base, const EntityRecords& entities) {
-    if (name.empty() || name.front() == '*' || entitiesEnd_ == kNoRecord) return ardo::DbStatus::InvalidInput;
+    const bool anonymous = isAnonymousBlockName(name);
+    if (name.empty() || (name.front() == '*' && !anonymous) || entitiesEnd_ == kNoRecord) return ardo::DbStatus::InvalidInput;
     for (const auto& record : entities) {
         if (record.empty() || record.front().code != 0) return ardo::DbStatus::InvalidInput;
         if (!findLayer(layerOf(record))) return ardo::DbStatus::KeyNotFound;
@@ -109,7 +116,7 @@ ardo::DbStatus Drawing::defineBlock(const std::string& name, const ardo::Point3&
             if (t.code == 70) return (toInteger(t.value) & 2) == 0;   // constant ones are no attributes
         return true;
     });
-    const std::string flags = attributes ? "2" : "0";
+    const std::string flags = std::to_string((anonymous ? 1 : 0) | (attributes ? 2 : 0));
     std::string owner;
     RecordId endblk = kNoRecord;
     if (const auto it = blockByName_.find(foldName(name)); it != blockByName_.end()) {

@@ -7,14 +7,8 @@
 
 namespace cadhost {
 
-ardo::DbStatus Drawing::modifyEntity(Handle handle, const std::vector<EntityTag>& given) {
-    const Entity* e = findEntity(handle);
-    if (!e) return ardo::DbStatus::KeyNotFound;
-    if (given.empty() || given.front().code != 0 || given.front().value != doc_.type(e->record))
-        return ardo::DbStatus::InvalidInput;
-    for (const EntityTag& t : given)
-        if (t.code == 8 && !findLayer(t.value)) return ardo::DbStatus::KeyNotFound;
-    const std::vector<OwnedTag> before = doc_.copyTags(e->record);
+std::vector<OwnedTag> Drawing::modifiedTags(RecordId record, const std::vector<EntityTag>& given) const {
+    const std::vector<OwnedTag> before = doc_.copyTags(record);
     std::vector<OwnedTag> tags{before.front()};
     // The handle and the owner are the drawing's, whatever the list says.
     for (const OwnedTag& t : before)
@@ -34,7 +28,17 @@ ardo::DbStatus Drawing::modifyEntity(Handle handle, const std::vector<EntityTag>
         if (t->code == 1001) kept = std::find(applications.begin(), applications.end(), t->value) == applications.end();
         if (kept) tags.push_back(*t);
     }
-    doc_.replace(e->record, std::move(tags));
+    return tags;
+}
+
+ardo::DbStatus Drawing::modifyEntity(Handle handle, const std::vector<EntityTag>& given) {
+    const Entity* e = findEntity(handle);
+    if (!e) return ardo::DbStatus::KeyNotFound;
+    if (given.empty() || given.front().code != 0 || given.front().value != doc_.type(e->record))
+        return ardo::DbStatus::InvalidInput;
+    for (const EntityTag& t : given)
+        if (t.code == 8 && !findLayer(t.value)) return ardo::DbStatus::KeyNotFound;
+    doc_.replace(e->record, modifiedTags(e->record, given));
     announce([&](DrawingListener& l) { l.entityChanged(Change::Modified, handle); });
     return ardo::DbStatus::Ok;
 }

@@ -21,6 +21,26 @@ std::vector<std::vector<EntityTag>> Drawing::entityParts(Handle handle) const {
     return out;
 }
 
+ardo::DbStatus Drawing::modifyEntityParts(Handle handle, const std::vector<std::vector<EntityTag>>& parts) {
+    const Entity* e = findEntity(handle);
+    if (!e) return ardo::DbStatus::KeyNotFound;
+    std::vector<RecordId> records;
+    for (RecordId r = doc_.next(e->record); e->last != e->record && r != kNoRecord; r = doc_.next(r)) {
+        if (doc_.type(r) != "SEQEND" && !doc_.isErased(r)) records.push_back(r);
+        if (r == e->last) break;
+    }
+    if (records.size() != parts.size()) return ardo::DbStatus::InvalidInput;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (parts[i].empty() || parts[i].front().code != 0 || parts[i].front().value != doc_.type(records[i]))
+            return ardo::DbStatus::InvalidInput;
+        for (const EntityTag& t : parts[i])
+            if (t.code == 8 && !findLayer(t.value)) return ardo::DbStatus::KeyNotFound;
+    }
+    for (std::size_t i = 0; i < parts.size(); ++i) doc_.replace(records[i], modifiedTags(records[i], parts[i]));
+    announce([&](DrawingListener& l) { l.entityChanged(Change::Modified, handle); });
+    return ardo::DbStatus::Ok;
+}
+
 std::optional<Drawing::BlockContents> Drawing::blockContents(std::string_view name) const {
     const auto it = blockByName_.find(foldName(name));
     if (it == blockByName_.end()) return std::nullopt;

@@ -164,4 +164,55 @@ print(doc.layers.get('Moebel').color, doc.layers.get('Bein-Layer').color, len(do
                         "1 5 1\n");
 }
 
+// A file with a dimension and a nested block: the dimension's anonymous block comes along,
+// numbered anew when the drawing has one of that name already; named blocks are kept.
+TEST_F(InsertCommand, BlocksTheFilesEntitiesNeedComeAlongDimensionsNumberedAnew) {
+    const std::string plan = fixturePath("plan_with_dimension.dxf");
+    const std::string again = folder.file("Plan2.dxf");
+    std::filesystem::copy_file(plan, again);
+    ASSERT_EQ(cl.feed({S("-INSERT"), S(plan), S("0,0"), S(""), S(""), S("")}), RTNORM) << cl.printed;
+    ASSERT_EQ(cl.feed({S("-INSERT"), S(again), S("0,50"), S(""), S(""), S("")}), RTNORM) << cl.printed;
+    EXPECT_FALSE(cl.processor.active());
+    EXPECT_EQ(cl.printed, "");
+
+    // The dimension of each inserted drawing and the block it shows.
+    const auto dimensionBlock = [&](const std::string& block) {
+        const auto contents = cl.drawing.blockContents(block);
+        EXPECT_TRUE(contents) << block;
+        for (Handle h : contents ? contents->entities : std::vector<Handle>{})
+            if (cl.drawing.entity(h)->type == "DIMENSION") return tagOf(cl.drawing.entityTags(h), 2);
+        return std::string("none");
+    };
+    EXPECT_EQ(dimensionBlock("plan_with_dimension"), "*D1");
+    EXPECT_EQ(dimensionBlock("Plan2"), "*D2");
+    const auto first = cl.drawing.blockContents("*D1"), second = cl.drawing.blockContents("*D2");
+    ASSERT_TRUE(first && second);
+    EXPECT_GT(first->entities.size(), 2u);
+    EXPECT_EQ(first->entities.size(), second->entities.size());
+    ASSERT_TRUE(cl.drawing.blockContents("Fenster"));
+    ASSERT_TRUE(cl.drawing.blockContents("Rahmen"));
+    EXPECT_FALSE(cl.drawing.hasBlock("Rahmen1"));
+    EXPECT_EQ(cl.layer("Bemassung").color.index, 2);
+
+    const auto python = ardo::test::pythonWithEzdxf();
+    if (!python) GTEST_SKIP() << ardo::test::kNoEzdxf;
+    const std::string saved = folder.file("saved.dxf");
+    ASSERT_TRUE(cl.drawing.save(saved));
+    const char* report = R"(
+import sys, ezdxf
+doc = ezdxf.readfile(sys.argv[1])
+print('errors', len(doc.audit().errors))
+for name in ('plan_with_dimension', 'Plan2'):
+    for d in doc.blocks.get(name).query('DIMENSION'):
+        shown = doc.blocks.get(d.dxf.geometry)
+        print(name, d.dxf.geometry, shown.block.dxf.flags & 1, sorted(set(e.dxftype() for e in shown)))
+print(sorted(e.dxf.name for e in doc.blocks.get('Fenster').query('INSERT')))
+)";
+    const auto r = ardo::test::runPython(*python, report, {saved});
+    EXPECT_EQ(r.output.substr(0, 9), "errors 0\n") << r.output;
+    EXPECT_NE(r.output.find("plan_with_dimension *D1 1 "), std::string::npos) << r.output;
+    EXPECT_NE(r.output.find("Plan2 *D2 1 "), std::string::npos) << r.output;
+    EXPECT_NE(r.output.find("['Rahmen']"), std::string::npos) << r.output;
+}
+
 }  // namespace cadhost::test
