@@ -13,6 +13,8 @@ struct InputRequest {
     Kind kind = Kind::Text;
     std::optional<ardo::Point3> from;
     bool rectangle = false;
+    // Objects picked before the command may answer this prompt (noun-verb editing).
+    bool takesPickfirst = false;
 };
 
 }  // namespace cadhost::commands

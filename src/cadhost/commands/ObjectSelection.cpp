@@ -39,6 +39,7 @@ InputRequest ObjectSelection::request() const {
     if (stage_ == Stage::Objects) {
         InputRequest objects;
         objects.kind = InputRequest::Kind::Objects;
+        objects.takesPickfirst = selected_.empty() && !removing_;
         return objects;
     }
     return pointRequest(points_.empty() ? std::nullopt : std::optional(points_.back()), stage_ == Stage::OppositeCorner);

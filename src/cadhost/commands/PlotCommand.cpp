@@ -66,7 +66,9 @@ public:
             return std::string("Enter drawing orientation [Portrait/Landscape] <") +
                    (settings_.landscape ? "Landscape" : "Portrait") + ">: ";
         case Ask::UpsideDown: return yesNo("Plot upside down? [Yes/No] ", settings_.upsideDown);
-        case Ask::Area: return "Enter plot area [Display/Extents/Limits/View/Window] <" + areaName() + ">: ";
+        case Ask::Area:
+            return std::string("Enter plot area [Display/Extents/") + (settings_.plotsLayout() ? "Layout" : "Limits") +
+                   "/View/Window] <" + areaName() + ">: ";
         case Ask::View: return "Enter view name <" + settings_.view + ">: ";
         case Ask::WindowFirst:
             return "Enter lower left corner of window <" + shownPoint(settings_.windowFirst) + ">: ";
@@ -100,16 +102,13 @@ public:
         const std::string text = input.restype == ardo::RTSTR ? std::string(ardo::trimWhite(input.text)) : std::string();
         const bool enter = isEnter(input);
         switch (ask_) {
-        case Ask::Detailed: {
-            const auto answer = enter ? std::optional<bool>(false) : yes(input);
-            if (!answer) return askAgain(context_, kInvalidKeyword);
-            detailed_ = *answer;
+        case Ask::Detailed:
+            if (!readYesNo(input, detailed_)) return askAgain(context_, kInvalidKeyword);
             return next(Ask::Layout);
-        }
         case Ask::Layout:
-            if (text == "?") return list({"Model"});
-            if (!enter && !ardo::equalsNoCase(text, "Model"))
-                return askAgain(context_, "Only the Model layout can be plotted; enter Model.\n");
+            if (text == "?") return list(layoutNames());
+            if (!enter && !choosePlotLayout(drawing_, text, settings_))
+                return complain("Layout \"" + text + "\" not found; enter ? to list the layouts.\n");
             return next(detailed_ ? Ask::Device : Ask::PageSetup);
         case Ask::PageSetup:
             if (!enter) return complain("Page setup \"" + text + "\" not found.\n");
@@ -133,36 +132,31 @@ public:
                 const PaperSize* size = findPaperSize(text);
                 if (!size) return complain("Paper size \"" + text + "\" is not listed by the device; enter ? to list the sizes.\n");
                 settings_.paper = size;
+                settings_.sheet.reset();
                 settings_.millimeters = !size->inches;
             }
             return next(Ask::Units);
         }
         case Ask::Units:
-            if (!enter) {
-                const auto k = matchKeyword(input, {"Inches", "Millimeters"});
-                if (!k) return askAgain(context_, kInvalidKeyword);
-                settings_.millimeters = *k == 1;
-            }
+            if (!pick(input, {"Inches", "Millimeters"}, [&](std::size_t k) { settings_.millimeters = k == 1; }))
+                return askAgain(context_, kInvalidKeyword);
             return next(Ask::Orientation);
         case Ask::Orientation:
-            if (!enter) {
-                const auto k = matchKeyword(input, {"Portrait", "Landscape"});
-                if (!k) return askAgain(context_, kInvalidKeyword);
-                settings_.landscape = *k == 1;
-            }
+            if (!pick(input, {"Portrait", "Landscape"}, [&](std::size_t k) { settings_.landscape = k == 1; }))
+                return askAgain(context_, kInvalidKeyword);
             return next(Ask::UpsideDown);
         case Ask::UpsideDown:
             if (!readYesNo(input, settings_.upsideDown)) return askAgain(context_, kInvalidKeyword);
             return next(Ask::Area);
-        case Ask::Area:
-            if (!enter) {
-                const auto k = matchKeyword(input, {"Display", "Extents", "Limits", "View", "Window"});
-                if (!k) return askAgain(context_, kInvalidKeyword);
-                settings_.area = std::array{PlotArea::Display, PlotArea::Extents, PlotArea::Limits, PlotArea::View,
-                                            PlotArea::Window}[*k];
-            }
+        case Ask::Area: {
+            const std::array areas{PlotArea::Display, PlotArea::Extents, settings_.plotsLayout() ? PlotArea::Layout : PlotArea::Limits,
+                                   PlotArea::View, PlotArea::Window};
+            if (!pick(input, {"Display", "Extents", settings_.plotsLayout() ? "Layout" : "Limits", "View", "Window"},
+                      [&](std::size_t k) { settings_.area = areas[k]; }))
+                return askAgain(context_, kInvalidKeyword);
             if (settings_.area == PlotArea::View) return next(Ask::View);
             return next(settings_.area == PlotArea::Window ? Ask::WindowFirst : Ask::Scale);
+        }
         case Ask::View: {
             if (text == "?") return list(viewNames(drawing_));
             const std::string name = enter ? settings_.view : text;
@@ -222,15 +216,15 @@ public:
         case Ask::File:
             return fileName(text, enter);
         case Ask::SaveSetup: {
-            const auto answer = enter ? std::optional<bool>(false) : yes(input);
-            if (!answer) return askAgain(context_, kInvalidKeyword);
-            if (*answer) context_.message("Page setups are not stored in the drawing by this host; the plot goes on with these settings.\n");
+            bool save = false;
+            if (!readYesNo(input, save)) return askAgain(context_, kInvalidKeyword);
+            if (save) context_.message("Page setups are not stored in the drawing by this host; the plot goes on with these settings.\n");
             return next(Ask::Proceed);
         }
         case Ask::Proceed: {
-            const auto answer = enter ? std::optional<bool>(true) : yes(input);
-            if (!answer) return askAgain(context_, kInvalidKeyword);
-            if (*answer) plot();
+            bool go = true;
+            if (!readYesNo(input, go)) return askAgain(context_, kInvalidKeyword);
+            if (go) plot();
             return Step::Done;
         }
         }
@@ -246,14 +240,9 @@ private:
         case PlotArea::Limits: return "Limits";
         case PlotArea::Window: return "Window";
         case PlotArea::View: return "View";
+        case PlotArea::Layout: return "Layout";
         default: return "Extents";
         }
-    }
-
-    static std::optional<bool> yes(const ardo::ResBuf& input) {
-        const auto k = matchKeyword(input, kYesNo);
-        if (!k) return std::nullopt;
-        return *k == 0;
     }
 
     Step next(Ask ask) {
@@ -271,12 +260,23 @@ private:
         return Step::More;
     }
 
-    // Enter keeps the value; false for input that is neither Yes nor No.
-    static bool readYesNo(const ardo::ResBuf& input, bool& value) {
+    // Enter keeps the setting, one of the keywords sets it; false for any other input.
+    template <class Set>
+    static bool pick(const ardo::ResBuf& input, const std::vector<std::string_view>& keywords, Set set) {
         if (isEnter(input)) return true;
-        const auto answer = yes(input);
-        if (answer) value = *answer;
-        return answer.has_value();
+        const auto k = matchKeyword(input, keywords);
+        if (k) set(*k);
+        return k.has_value();
+    }
+
+    static bool readYesNo(const ardo::ResBuf& input, bool& value) {
+        return pick(input, kYesNo, [&](std::size_t k) { value = k == 0; });
+    }
+
+    std::vector<std::string> layoutNames() const {
+        std::vector<std::string> names{"Model"};
+        for (const Layout& layout : drawing_.layouts()) names.push_back(layout.name);
+        return names;
     }
 
     bool namedStyles() const { return drawing_.usesNamedPlotStyles(); }

@@ -1,6 +1,7 @@
 #include "cadhost/commands/PlotSettings.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 
 #include "base/CaseFold.h"
@@ -21,9 +22,8 @@ constexpr double kInch = 25.4;
 // A listed name without its dimensions: "ISO A4", "ANSI B".
 std::string_view shortName(std::string_view name) { return name.substr(0, name.find(" (")); }
 
-// Reads the model layout's page setup into `settings` when it was set up for a PDF device;
-// a setup for another device (a new drawing has none) says nothing about a PDF sheet.
-void readSavedSetup(const Drawing& drawing, PlotSettings& settings) {
+// The plot settings part of the named layout's LAYOUT object; empty when there is none.
+std::span<const DxfTag> plotSettingsOf(const Drawing& drawing, std::string_view layout) {
     const DxfDocument& doc = drawing.document();
     for (RecordId id = doc.first(); id != kNoRecord; id = doc.next(id)) {
         if (doc.isErased(id) || doc.type(id) != "LAYOUT") continue;
@@ -32,53 +32,64 @@ void readSavedSetup(const Drawing& drawing, PlotSettings& settings) {
         std::size_t layoutPart = tags.size();
         for (std::size_t i = 0; i < tags.size(); ++i)
             if (tags[i].code == 100 && tags[i].value == "AcDbLayout") layoutPart = i;
-        bool model = false;
+        bool named = false;
         for (std::size_t i = layoutPart; i < tags.size(); ++i)
-            if (tags[i].code == 1) model = ardo::equalsNoCase(tags[i].value, "Model");
-        if (!model) continue;
-        const auto value = [&](int code) -> std::optional<std::string_view> {
-            for (std::size_t i = 0; i < layoutPart; ++i)
-                if (tags[i].code == code) return tags[i].value;
-            return std::nullopt;
-        };
-        const auto number = [&](int code, double fallback) {
-            const auto v = value(code);
-            return v ? toDouble(*v, fallback) : fallback;
-        };
-        const auto device = value(2);
-        if (!device || !isPdfDevice(*device)) return;
-        if (const auto paper = value(4)) {
-            std::string name(*paper);
-            std::replace(name.begin(), name.end(), '_', ' ');
-            if (const PaperSize* size = findPaperSize(name)) settings.paper = size;
-        }
-        settings.millimeters = number(72, 1) != 0;
-        const int rotation = static_cast<int>(number(73, 0));
-        settings.landscape = rotation == 1 || rotation == 3;
-        settings.upsideDown = rotation == 2 || rotation == 3;
-        switch (static_cast<int>(number(74, 1))) {
-        case 0: settings.area = PlotArea::Display; break;
-        case 2: settings.area = PlotArea::Limits; break;
-        case 4:
-            settings.area = PlotArea::Window;
-            settings.windowFirst = {number(48, 0), number(49, 0), 0};
-            settings.windowSecond = {number(140, 0), number(141, 0), 0};
-            break;
-        default: settings.area = PlotArea::Extents; break;
-        }
-        const int flags = static_cast<int>(number(70, 0));
-        const bool standard = flags & 16;
-        if (standard && number(75, 0) == 0) settings.scale.reset();
-        else if (standard && number(147, 0) > 0) settings.scale = number(147, 1);
-        else if (number(142, 0) > 0 && number(143, 0) > 0) settings.scale = number(142, 1) / number(143, 1);
-        if (flags & 4) settings.offset.reset();
-        else settings.offset = ardo::Point3{number(46, 0) / (settings.millimeters ? 1 : 25.4),
-                                            number(47, 0) / (settings.millimeters ? 1 : 25.4), 0};
-        settings.plotStyles = flags & 32;
-        settings.lineweights = flags & 128;
-        if (const auto table = value(7)) settings.styleTable = std::string(*table);
-        return;
+            if (tags[i].code == 1) named = ardo::equalsNoCase(tags[i].value, layout);
+        if (named) return tags.first(layoutPart);
     }
+    return {};
+}
+
+// A paper size as a page setup saves it, with underscores for blanks: "ISO_A3_(297.00_x_420.00_MM)".
+const PaperSize* savedPaper(std::string_view saved) {
+    std::string name(saved);
+    std::replace(name.begin(), name.end(), '_', ' ');
+    return findPaperSize(name);
+}
+
+// Reads the model layout's page setup into `settings` when it was set up for a PDF device;
+// a setup for another device (a new drawing has none) says nothing about a PDF sheet.
+void readSavedSetup(const Drawing& drawing, PlotSettings& settings) {
+    const std::span<const DxfTag> tags = plotSettingsOf(drawing, "Model");
+    if (tags.empty()) return;
+    const auto value = [&](int code) -> std::optional<std::string_view> {
+        for (std::size_t i = 0; i < tags.size(); ++i)
+            if (tags[i].code == code) return tags[i].value;
+        return std::nullopt;
+    };
+    const auto number = [&](int code, double fallback) {
+        const auto v = value(code);
+        return v ? toDouble(*v, fallback) : fallback;
+    };
+    const auto device = value(2);
+    if (!device || !isPdfDevice(*device)) return;
+    if (const auto paper = value(4))
+        if (const PaperSize* size = savedPaper(*paper)) settings.paper = size;
+    settings.millimeters = number(72, 1) != 0;
+    const int rotation = static_cast<int>(number(73, 0));
+    settings.landscape = rotation == 1 || rotation == 3;
+    settings.upsideDown = rotation == 2 || rotation == 3;
+    switch (static_cast<int>(number(74, 1))) {
+    case 0: settings.area = PlotArea::Display; break;
+    case 2: settings.area = PlotArea::Limits; break;
+    case 4:
+        settings.area = PlotArea::Window;
+        settings.windowFirst = {number(48, 0), number(49, 0), 0};
+        settings.windowSecond = {number(140, 0), number(141, 0), 0};
+        break;
+    default: settings.area = PlotArea::Extents; break;
+    }
+    const int flags = static_cast<int>(number(70, 0));
+    const bool standard = flags & 16;
+    if (standard && number(75, 0) == 0) settings.scale.reset();
+    else if (standard && number(147, 0) > 0) settings.scale = number(147, 1);
+    else if (number(142, 0) > 0 && number(143, 0) > 0) settings.scale = number(142, 1) / number(143, 1);
+    if (flags & 4) settings.offset.reset();
+    else settings.offset = ardo::Point3{number(46, 0) / (settings.millimeters ? 1 : 25.4),
+                                        number(47, 0) / (settings.millimeters ? 1 : 25.4), 0};
+    settings.plotStyles = flags & 32;
+    settings.lineweights = flags & 128;
+    if (const auto table = value(7)) settings.styleTable = std::string(*table);
 }
 
 }  // namespace
@@ -126,16 +137,20 @@ StyleTable styleTableOf(std::string_view name) {
 }
 
 double PlotSettings::sheetWidth() const {
+    if (sheet) return sheet->first;
     const PaperSize& size = paper ? *paper : paperSizes().front();
     return landscape ? size.height : size.width;
 }
 
 double PlotSettings::sheetHeight() const {
+    if (sheet) return sheet->second;
     const PaperSize& size = paper ? *paper : paperSizes().front();
     return landscape ? size.width : size.height;
 }
 
-PlotSettings defaultPlotSettings(const Drawing& drawing) {
+namespace {
+
+PlotSettings modelPlotSettings(const Drawing& drawing) {
     PlotSettings settings;
     settings.paper = &paperSizes().front();
     const auto name = drawing.getVar("DWGNAME");
@@ -146,6 +161,69 @@ PlotSettings defaultPlotSettings(const Drawing& drawing) {
     readSavedSetup(drawing, settings);
     return settings;
 }
+
+// Plots a layout: its whole sheet at 1:1 of paper units, centred; on its own paper where its
+// plot settings were made for a PDF or name a listed paper, else on the paper already chosen.
+void usePaperOf(const Drawing& drawing, const Layout& layout, PlotSettings& settings) {
+    bool inches = false, ownPaper = false;
+    for (const DxfTag& t : plotSettingsOf(drawing, layout.name)) {
+        if (t.code == 72) inches = toInteger(t.value, 1) == 0;
+        if ((t.code == 2 && isPdfDevice(t.value)) || (t.code == 4 && savedPaper(t.value))) ownPaper = true;
+    }
+    settings.sheet.reset();
+    if (ownPaper && !layout.paper.empty()) {
+        const double unit = inches ? kInch : 1;
+        const double width = (layout.paper.x1 - layout.paper.x0) * unit, height = (layout.paper.y1 - layout.paper.y0) * unit;
+        settings.millimeters = !inches;
+        settings.sheet = {width, height};
+        // A listed size is shown and chosen as such; only an odd sheet stands on its own.
+        for (const PaperSize& size : paperSizes()) {
+            const bool upright = std::abs(size.width - width) < 0.5 && std::abs(size.height - height) < 0.5;
+            const bool turned = std::abs(size.height - width) < 0.5 && std::abs(size.width - height) < 0.5;
+            if (!upright && !turned) continue;
+            settings.paper = &size;
+            settings.landscape = turned;
+            settings.sheet.reset();
+            break;
+        }
+    }
+    settings.area = PlotArea::Layout;
+    settings.scale = 1;
+    settings.offset.reset();
+}
+
+}  // namespace
+
+bool choosePlotLayout(const Drawing& drawing, std::string_view name, PlotSettings& settings) {
+    if (ardo::equalsNoCase(name, "Model")) {
+        const PlotSettings model = modelPlotSettings(drawing);
+        settings.layout = model.layout;
+        settings.paper = model.paper;
+        settings.sheet.reset();
+        settings.millimeters = model.millimeters;
+        settings.landscape = model.landscape;
+        settings.area = model.area;
+        settings.scale = model.scale;
+        settings.offset = model.offset;
+        return true;
+    }
+    for (const Layout& layout : drawing.layouts()) {
+        if (!ardo::equalsNoCase(layout.name, name)) continue;
+        settings.layout = layout.name;
+        usePaperOf(drawing, layout, settings);
+        return true;
+    }
+    return false;
+}
+
+PlotSettings defaultPlotSettings(const Drawing& drawing) {
+    PlotSettings settings = modelPlotSettings(drawing);
+    if (const auto shown = drawing.getVar("CTAB")) choosePlotLayout(drawing, shown->text, settings);
+    return settings;
+}
+
+bool PlotSettings::plotsLayout() const { return !ardo::equalsNoCase(layout, "Model"); }
+
 
 namespace {
 

@@ -45,6 +45,8 @@ struct PlotSettings {
     std::string layout = "Model";
     std::string device{kPdfDevice};
     const PaperSize* paper = nullptr;
+    // A layout's own sheet in millimetres, as plotted (width, height); it stands for `paper`.
+    std::optional<std::pair<double, double>> sheet;
     bool millimeters = true;
     bool landscape = true;
     bool upsideDown = false;
@@ -67,6 +69,8 @@ struct PlotSettings {
     // The sheet in millimetres as plotted: turned for landscape.
     double sheetWidth() const;
     double sheetHeight() const;
+    // True when a layout, not Model, is plotted.
+    bool plotsLayout() const;
     // Millimetres on paper per drawing unit for a given scale (paper units per unit).
     double millimetresPerUnit(double paperUnitsPerUnit) const {
         return millimeters ? paperUnitsPerUnit : paperUnitsPerUnit * 25.4;
@@ -78,9 +82,14 @@ std::optional<std::pair<ardo::Point3, ardo::Point3>> namedView(const Drawing& dr
 // The drawing's named views, in table order.
 std::vector<std::string> viewNames(const Drawing& drawing);
 
-// The settings a plot starts from for a drawing: its model layout's saved page setup
-// where the drawing has one, else ISO A4 landscape, extents, fit, centred, with the file
-// named after the drawing.
+// Plots Model as the drawing's page setup says, or a layout: its whole sheet at 1:1 of paper
+// units, on its own paper where its plot settings give one for a PDF. False for a name the
+// drawing has no layout of.
+bool choosePlotLayout(const Drawing& drawing, std::string_view name, PlotSettings& settings);
+
+// The settings a plot starts from for a drawing: the layout shown (CTAB), plotted as
+// choosePlotLayout says; for Model its saved page setup where the drawing has one, else
+// ISO A4 landscape, extents, fit, centred; the file named after the drawing.
 PlotSettings defaultPlotSettings(const Drawing& drawing);
 
 // Writes the plot; messages the writer wants the user to read (a table it did not read)

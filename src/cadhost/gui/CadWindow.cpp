@@ -346,8 +346,24 @@ void CadWindow::enterLine(const std::string& line) {
         if (commandLine_->echoesItself(line)) print(dock_->prompt() + line + "\n");
         return plotDialog();
     }
+    const bool started = !commandLine_->busy();
     commandLine_->enter(line);
+    if (started) handPickfirst(line);
     refresh();
+}
+
+// Objects picked before the command (noun-verb) are its objects when it opens with an
+// object prompt that takes them, as in the common hosts: ERASE then erases them without
+// asking. A typed LISP expression keeps to its own selections.
+void CadWindow::handPickfirst(const std::string& line) {
+    DrawingView* view = currentView();
+    if (!view || view->selection().empty() || line.starts_with('(') || !commandLine_->busy() ||
+        !currentRequest().takesPickfirst)
+        return;
+    const std::vector<Handle> chosen = view->selection();
+    view->setSelection({});
+    for (Handle h : chosen) app_->command({ardo::ResBuf::entityName(static_cast<std::int64_t>(h))});
+    app_->command({ardo::ResBuf::str("")});
 }
 
 // ZOOM and PAN, alone or transparently during another prompt, run on the current view.
@@ -424,8 +440,8 @@ commands::InputRequest CadWindow::currentRequest() const {
 TrackedPoint CadWindow::track(Vec2 cursor, double scale) const {
     DrawingView* view = currentView();
     if (!view || !app_ || !app_->hasDocument()) return {cursor, std::nullopt};
-    return snap_.track(view->scene(), app_->current().drawing(), cursor, scale, statusBar_->settings(),
-                       currentRequest().from);
+    return snap_.track(view->scene(), view->layout(), app_->current().drawing(), cursor, scale,
+                       statusBar_->settings(), currentRequest().from);
 }
 
 bool CadWindow::takeSnapOverride(const std::string& line) {

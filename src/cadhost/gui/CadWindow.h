@@ -93,6 +93,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void handPickfirst(const std::string& line);
     struct Page;
     void buildMenus();
     void syncDocuments();

@@ -39,6 +39,25 @@ ViewportView viewportOf(const Drawing& drawing, Handle handle) {
 
 }  // namespace
 
+Vec2 ViewportView::toPaper(Vec2 model) const {
+    return {(frame.x0 + frame.x1) / 2 + (model.x - viewCentre.x) * scale,
+            (frame.y0 + frame.y1) / 2 + (model.y - viewCentre.y) * scale};
+}
+
+Vec2 ViewportView::toModel(Vec2 paper) const {
+    return {viewCentre.x + (paper.x - (frame.x0 + frame.x1) / 2) / scale,
+            viewCentre.y + (paper.y - (frame.y0 + frame.y1) / 2) / scale};
+}
+
+std::vector<bool> ViewportView::frozenMask(const Scene& model) const {
+    std::vector<bool> mask;
+    if (frozenLayers.empty()) return mask;
+    std::unordered_set<std::string> frozen;
+    for (const std::string& name : frozenLayers) frozen.insert(foldName(name));
+    for (const SceneLayer& layer : model.layers()) mask.push_back(frozen.count(foldName(layer.name)) != 0);
+    return mask;
+}
+
 LayoutScene::LayoutScene(Drawing& drawing, Layout layout)
     : drawing_(drawing),
       layout_(std::move(layout)),
@@ -71,6 +90,12 @@ Box2 LayoutScene::extents() const {
     return out;
 }
 
+ViewTransform throughViewport(const ViewTransform& paper, const ViewportView& v) {
+    const double cx = (v.frame.x0 + v.frame.x1) / 2, cy = (v.frame.y0 + v.frame.y1) / 2;
+    return {paper.left + (cx - v.viewCentre.x * v.scale) * paper.scale,
+            paper.top - (cy - v.viewCentre.y * v.scale) * paper.scale, v.scale * paper.scale};
+}
+
 void paintLayout(QPainter& painter, const QRect& target, const ViewTransform& view, const LayoutScene& layout,
                  const Scene& model) {
     if (target.isEmpty()) return;
@@ -98,18 +123,9 @@ void paintLayout(QPainter& painter, const QRect& target, const ViewTransform& vi
         // Rounded, not widened: what lies beyond the border is not drawn.
         const QRect clip = pixels(local, v.frame).toRect().intersected(image.rect());
         if (clip.isEmpty()) continue;
-        // Model space seen through the viewport: its view centre at the frame's centre.
-        const double cx = (v.frame.x0 + v.frame.x1) / 2, cy = (v.frame.y0 + v.frame.y1) / 2;
-        const ViewTransform through{local.left + (cx - v.viewCentre.x * v.scale) * local.scale,
-                                    local.top - (cy - v.viewCentre.y * v.scale) * local.scale, v.scale * local.scale};
+        const ViewTransform through = throughViewport(local, v);
         ScenePainter inside(model, kSheet);
-        if (!v.frozenLayers.empty()) {
-            std::unordered_set<std::string> frozen;
-            for (const std::string& name : v.frozenLayers) frozen.insert(foldName(name));
-            std::vector<bool> mask;
-            for (const SceneLayer& layer : model.layers()) mask.push_back(frozen.count(foldName(layer.name)) != 0);
-            inside.setFrozenLayers(std::move(mask));
-        }
+        if (!v.frozenLayers.empty()) inside.setFrozenLayers(v.frozenMask(model));
         inside.paintDrawing(image, clip, through);
     }
     ScenePainter(layout.paper(), kSheet).paintEntities(image, image.rect(), local);

@@ -21,6 +21,13 @@ struct ViewportView {
     double scale = 1;          // paper-space units per model-space unit
     bool on = true;            // a viewport switched off shows nothing inside
     std::vector<std::string> frozenLayers;
+
+    // A model-space point where the viewport shows it on the sheet, and back.
+    Vec2 toPaper(Vec2 model) const;
+    Vec2 toModel(Vec2 paper) const;
+    // For each layer of the model scene, whether it is frozen in this viewport; empty when
+    // none is.
+    std::vector<bool> frozenMask(const Scene& model) const;
 };
 
 class LayoutScene {
@@ -44,6 +51,10 @@ private:
     mutable std::vector<ViewportView> viewports_;
     mutable std::uint64_t viewportsRead_ = ~std::uint64_t{0};
 };
+
+// Model space seen through the viewport: its view centre at the frame's centre, for a
+// transform that maps paper space.
+ViewTransform throughViewport(const ViewTransform& paper, const ViewportView& viewport);
 
 // Paints a layout into the target rectangle of a painter: the grey table, the sheet with
 // its shadow and printable area, model space through each viewport, then the paper-space

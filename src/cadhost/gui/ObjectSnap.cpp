@@ -22,6 +22,24 @@ constexpr std::size_t kMostSources = 64;
 
 double distance(const ardo::Point3& p, Vec2 q) { return std::hypot(p[0] - q.x, p[1] - q.y); }
 
+// Whether `a` wins over `b` for the cursor: any snap over the nearest point on an object,
+// then the closer.
+bool better(const geometry::SnapPoint& a, const std::optional<geometry::SnapPoint>& b, Vec2 cursor) {
+    if (!b) return true;
+    const bool aNearest = a.kind == SnapKind::Nearest, bNearest = b->kind == SnapKind::Nearest;
+    if (aNearest != bNearest) return bNearest;
+    return distance(a.at, cursor) < distance(b->at, cursor);
+}
+
+bool anyPieceShown(const SceneItem& item, const std::vector<bool>& frozen) {
+    if (frozen.empty()) return true;
+    return std::any_of(item.pieces.begin(), item.pieces.end(), [&](const Piece& piece) {
+        return piece.layer < 0 || static_cast<std::size_t>(piece.layer) >= frozen.size() || !frozen[piece.layer];
+    });
+}
+
+bool inside(const Box2& frame, Vec2 p) { return p.x >= frame.x0 && p.x <= frame.x1 && p.y >= frame.y0 && p.y <= frame.y1; }
+
 }  // namespace
 
 bool ObjectSnap::takeOverride(const std::string& typed) {
@@ -35,13 +53,16 @@ bool ObjectSnap::takeOverride(const std::string& typed) {
     return true;
 }
 
-TrackedPoint ObjectSnap::track(const Scene& scene, const Drawing& drawing, Vec2 cursor, double scale,
-                               const SnapSettings& settings, const std::optional<ardo::Point3>& from) const {
+TrackedPoint ObjectSnap::track(const Scene& model, const LayoutScene* layout, const Drawing& drawing, Vec2 cursor,
+                               double scale, const SnapSettings& settings,
+                               const std::optional<ardo::Point3>& from) const {
     int kinds = override_ ? *override_ : settings.osmode;
     if (!override_ && (kinds & geometry::kSnapsOff)) kinds = 0;
     kinds &= ~geometry::kSnapsOff;
     if (kinds != 0 && scale > 0) {
-        if (const auto snap = findSnap(scene, drawing, cursor, settings.aperture / scale, kinds, from))
+        const double radius = settings.aperture / scale;
+        if (const auto snap = layout ? findSnapOnSheet(*layout, model, drawing, cursor, radius, kinds, from)
+                                     : findSnap(model, drawing, cursor, radius, kinds, from))
             return {{snap->at[0], snap->at[1]}, snap->kind};
     }
     if (settings.ortho && from) return {orthoPoint(*from, cursor), std::nullopt};
@@ -49,12 +70,15 @@ TrackedPoint ObjectSnap::track(const Scene& scene, const Drawing& drawing, Vec2 
 }
 
 std::optional<geometry::SnapPoint> findSnap(const Scene& scene, const Drawing& drawing, Vec2 cursor, double radius,
-                                            int kinds, const std::optional<ardo::Point3>& from) {
+                                            int kinds, const std::optional<ardo::Point3>& from,
+                                            const std::vector<bool>& frozen) {
     Box2 reach;
     reach.add(Vec2{cursor.x - radius, cursor.y - radius});
     reach.add(Vec2{cursor.x + radius, cursor.y + radius});
     std::vector<Handle> near;
-    scene.visit(reach, [&](const SceneItem& item, Look) { near.push_back(item.handle); });
+    scene.visit(reach, [&](const SceneItem& item, Look) {
+        if (anyPieceShown(item, frozen)) near.push_back(item.handle);
+    });
     if (near.size() > kMostSources) {
         const auto gap = [&](Handle h) {
             const Box2& b = scene.item(h)->box;
@@ -84,6 +108,28 @@ std::optional<geometry::SnapPoint> findSnap(const Scene& scene, const Drawing& d
                 for (const auto& p : geometry::snapIntersections(sources[i], sources[j]))
                     consider({SnapKind::Intersection, p});
     return best ? best : nearest;
+}
+
+std::optional<geometry::SnapPoint> findSnapOnSheet(const LayoutScene& layout, const Scene& model,
+                                                   const Drawing& drawing, Vec2 cursor, double radius, int kinds,
+                                                   const std::optional<ardo::Point3>& from) {
+    auto found = findSnap(layout.paper(), drawing, cursor, radius, kinds, from);
+    for (const ViewportView& v : layout.viewports()) {
+        if (!v.on || v.scale <= 0 || !inside(v.frame, cursor)) continue;
+        std::optional<ardo::Point3> base;
+        if (from) {
+            const Vec2 m = v.toModel({(*from)[0], (*from)[1]});
+            base = ardo::Point3{m.x, m.y, (*from)[2]};
+        }
+        const auto through = findSnap(model, drawing, v.toModel(cursor), radius / v.scale, kinds, base, v.frozenMask(model));
+        if (!through) continue;
+        const Vec2 onSheet = v.toPaper({through->at[0], through->at[1]});
+        // What lies beyond the viewport's border is not seen there.
+        if (!inside(v.frame, onSheet)) continue;
+        const geometry::SnapPoint mapped{through->kind, {onSheet.x, onSheet.y, 0}};
+        if (better(mapped, found, cursor)) found = mapped;
+    }
+    return found;
 }
 
 Vec2 orthoPoint(const ardo::Point3& from, Vec2 at) {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "cadhost/geometry/Snaps.h"
+#include "cadhost/gui/LayoutScene.h"
 #include "cadhost/gui/Scene.h"
 
 class QPainter;
@@ -36,9 +37,9 @@ public:
 
     // The point the cursor gives: snapped when a snap point lies within the aperture, else
     // on the base point's horizontal or vertical with ortho on, else where it is.
-    // `scale`: pixels per drawing unit.
-    TrackedPoint track(const Scene& scene, const Drawing& drawing, Vec2 cursor, double scale,
-                       const SnapSettings& settings, const std::optional<ardo::Point3>& from) const;
+    // `scale`: pixels per drawing unit. With a layout shown the cursor is on its sheet.
+    TrackedPoint track(const Scene& model, const LayoutScene* layout, const Drawing& drawing, Vec2 cursor,
+                       double scale, const SnapSettings& settings, const std::optional<ardo::Point3>& from) const;
 
 private:
     // OSMODE bits of the override; 0 for NON.
@@ -47,9 +48,19 @@ private:
 
 // The nearest snap point of the kinds within `radius` (world units) of the cursor, among
 // the scene's entities shown there; the nearest point on an object counts only when
-// nothing else is within reach.
+// nothing else is within reach. `frozen`: layers left out besides those off or frozen, by
+// the scene's layer index (a viewport's frozen layers).
 std::optional<geometry::SnapPoint> findSnap(const Scene& scene, const Drawing& drawing, Vec2 cursor, double radius,
-                                            int kinds, const std::optional<ardo::Point3>& from);
+                                            int kinds, const std::optional<ardo::Point3>& from,
+                                            const std::vector<bool>& frozen = {});
+
+// The snap point on a layout's sheet: on its paper-space entities, and, as the common hosts
+// let dimensions on the sheet take model geometry, on model space where a viewport under
+// the cursor shows it, without the layers frozen in that viewport. `cursor`, `radius` and
+// `from` and the point found are in paper-space units.
+std::optional<geometry::SnapPoint> findSnapOnSheet(const LayoutScene& layout, const Scene& model,
+                                                   const Drawing& drawing, Vec2 cursor, double radius, int kinds,
+                                                   const std::optional<ardo::Point3>& from);
 
 // The point on the horizontal or vertical through `from` nearest to `at`.
 Vec2 orthoPoint(const ardo::Point3& from, Vec2 at);

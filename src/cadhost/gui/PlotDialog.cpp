@@ -30,10 +30,23 @@ namespace {
 using commands::PlotArea;
 
 constexpr int kPreviewWidth = 280;
+// The third area is the sheet: a layout's own, or the drawing's limits for Model.
 const char* const kAreas[] = {"Display", "Extents", "Limits", "Window"};
+constexpr int kSheetArea = 2;
 constexpr PlotArea kAreaValues[] = {PlotArea::Display, PlotArea::Extents, PlotArea::Limits, PlotArea::Window};
 
+PlotArea areaValue(int index, bool layout) {
+    return index == kSheetArea && layout ? PlotArea::Layout : kAreaValues[std::max(0, index)];
+}
+
 QString shown(double value) { return QString::number(value, 'g', 10); }
+
+// Controls side by side in one row of the form; `stretched` takes the room left.
+QHBoxLayout* sideBySide(std::initializer_list<QWidget*> widgets, QWidget* stretched = nullptr) {
+    auto* row = new QHBoxLayout;
+    for (QWidget* widget : widgets) row->addWidget(widget, widget == stretched ? 1 : 0);
+    return row;
+}
 
 }  // namespace
 
@@ -43,8 +56,12 @@ bool PlotDialog::asksForDialog(std::string_view line) {
 
 PlotDialog::PlotDialog(Drawing& drawing, DrawingView* view, QWidget* parent)
     : QDialog(parent), drawing_(drawing), view_(view), settings_(commands::defaultPlotSettings(drawing)) {
-    setWindowTitle(tr("Plot - Model"));
     auto* form = new QFormLayout;
+
+    layout_ = new QComboBox;
+    layout_->addItem("Model");
+    for (const Layout& layout : drawing_.layouts()) layout_->addItem(QString::fromStdString(layout.name));
+    form->addRow(tr("Layout:"), layout_);
 
     device_ = new QComboBox;
     device_->addItem(QString::fromUtf8(commands::kPdfDevice.data(), commands::kPdfDevice.size()));
@@ -60,63 +77,38 @@ PlotDialog::PlotDialog(Drawing& drawing, DrawingView* view, QWidget* parent)
     orientation_ = new QComboBox;
     orientation_->addItems({tr("Portrait"), tr("Landscape")});
     upsideDown_ = new QCheckBox(tr("Plot upside-down"));
-    auto* sheet = new QHBoxLayout;
-    sheet->addWidget(orientation_);
-    sheet->addWidget(units_);
-    sheet->addWidget(upsideDown_);
-    form->addRow(tr("Drawing orientation:"), sheet);
+    form->addRow(tr("Drawing orientation:"), sideBySide({orientation_, units_, upsideDown_}));
 
     area_ = new QComboBox;
     for (const char* area : kAreas) area_->addItem(tr(area));
     auto* pick = new QPushButton(tr("Window <"));
     window_ = new QLabel;
-    auto* area = new QHBoxLayout;
-    area->addWidget(area_);
-    area->addWidget(pick);
-    area->addWidget(window_, 1);
-    form->addRow(tr("What to plot:"), area);
+    form->addRow(tr("What to plot:"), sideBySide({area_, pick, window_}, window_));
 
     fit_ = new QCheckBox(tr("Fit to paper"));
     paperUnits_ = new QLineEdit;
     drawingUnits_ = new QLineEdit;
-    auto* scale = new QHBoxLayout;
-    scale->addWidget(fit_);
-    scale->addWidget(paperUnits_);
-    scale->addWidget(new QLabel("="));
-    scale->addWidget(drawingUnits_);
-    scale->addWidget(new QLabel(tr("units")));
-    form->addRow(tr("Plot scale:"), scale);
+    form->addRow(tr("Plot scale:"),
+                 sideBySide({fit_, paperUnits_, new QLabel("="), drawingUnits_, new QLabel(tr("units"))}));
 
     center_ = new QCheckBox(tr("Center the plot"));
     offsetX_ = new QLineEdit;
     offsetY_ = new QLineEdit;
-    auto* offset = new QHBoxLayout;
-    offset->addWidget(center_);
-    offset->addWidget(new QLabel("X:"));
-    offset->addWidget(offsetX_);
-    offset->addWidget(new QLabel("Y:"));
-    offset->addWidget(offsetY_);
-    form->addRow(tr("Plot offset:"), offset);
+    form->addRow(tr("Plot offset:"), sideBySide({center_, new QLabel("X:"), offsetX_, new QLabel("Y:"), offsetY_}));
 
     plotStyles_ = new QCheckBox(tr("Plot with plot styles"));
     table_ = new QComboBox;
     table_->setEditable(true);
     const QString extension = drawing_.usesNamedPlotStyles() ? ".stb" : ".ctb";
     table_->addItems({tr("None"), "monochrome" + extension, "acad" + extension});
-    auto* styles = new QHBoxLayout;
-    styles->addWidget(table_, 1);
-    styles->addWidget(plotStyles_);
-    form->addRow(tr("Plot style table:"), styles);
+    form->addRow(tr("Plot style table:"), sideBySide({table_, plotStyles_}, table_));
 
     lineweights_ = new QCheckBox(tr("Plot object lineweights"));
     form->addRow(QString(), lineweights_);
 
     file_ = new QLineEdit;
     auto* browse = new QPushButton(tr("Browse..."));
-    auto* file = new QHBoxLayout;
-    file->addWidget(file_, 1);
-    file->addWidget(browse);
-    form->addRow(tr("File name:"), file);
+    form->addRow(tr("File name:"), sideBySide({file_, browse}, file_));
 
     preview_ = new QLabel;
     preview_->setAlignment(Qt::AlignCenter);
@@ -126,13 +118,13 @@ PlotDialog::PlotDialog(Drawing& drawing, DrawingView* view, QWidget* parent)
     auto* columns = new QHBoxLayout;
     columns->addLayout(form, 1);
     columns->addWidget(preview_);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(columns);
-    layout->addWidget(buttons);
+    auto* page = new QVBoxLayout(this);
+    page->addLayout(columns);
+    page->addWidget(buttons);
 
     // Names for the controls, so that scripts and tests find them.
     const std::pair<QWidget*, const char*> named[] = {
-        {device_, "device"}, {paper_, "paper"}, {units_, "units"}, {orientation_, "orientation"},
+        {layout_, "layout"}, {device_, "device"}, {paper_, "paper"}, {units_, "units"}, {orientation_, "orientation"},
         {upsideDown_, "upsideDown"}, {area_, "area"}, {fit_, "fit"}, {paperUnits_, "paperUnits"},
         {drawingUnits_, "drawingUnits"}, {center_, "center"}, {offsetX_, "offsetX"}, {offsetY_, "offsetY"},
         {table_, "table"}, {plotStyles_, "plotStyles"}, {lineweights_, "lineweights"}, {file_, "file"},
@@ -147,9 +139,17 @@ PlotDialog::PlotDialog(Drawing& drawing, DrawingView* view, QWidget* parent)
         const QString path = QFileDialog::getSaveFileName(this, tr("Plot to File"), file_->text(), tr("PDF (*.pdf)"));
         if (!path.isEmpty()) file_->setText(path);
     });
-    // A new paper size brings its own unit, as the device lists it.
+    // A new paper size brings its own unit, as the device lists it, and replaces a layout's odd sheet.
     connect(paper_, &QComboBox::currentIndexChanged, this, [this](int index) {
+        settings_.sheet.reset();
         if (index >= 0) units_->setCurrentIndex(commands::paperSizes()[static_cast<std::size_t>(index)].inches ? 1 : 0);
+    });
+    connect(orientation_, &QComboBox::currentIndexChanged, this, [this] { settings_.sheet.reset(); });
+    // Another layout brings its own sheet, area and scale.
+    connect(layout_, &QComboBox::currentIndexChanged, this, [this] {
+        takeControls();
+        commands::choosePlotLayout(drawing_, layout_->currentText().toStdString(), settings_);
+        showSettings();
     });
     const auto refresh = [this] {
         takeControls();
@@ -164,10 +164,13 @@ PlotDialog::PlotDialog(Drawing& drawing, DrawingView* view, QWidget* parent)
 }
 
 void PlotDialog::showSettings() {
-    const QSignalBlocker blockers[] = {QSignalBlocker(paper_), QSignalBlocker(units_), QSignalBlocker(orientation_),
+    const QSignalBlocker blockers[] = {QSignalBlocker(layout_), QSignalBlocker(paper_), QSignalBlocker(units_), QSignalBlocker(orientation_),
                                        QSignalBlocker(area_), QSignalBlocker(table_), QSignalBlocker(upsideDown_),
                                        QSignalBlocker(fit_), QSignalBlocker(center_), QSignalBlocker(plotStyles_),
                                        QSignalBlocker(lineweights_)};
+    setWindowTitle(tr("Plot - %1").arg(QString::fromStdString(settings_.layout)));
+    layout_->setCurrentText(QString::fromStdString(settings_.layout));
+    area_->setItemText(kSheetArea, settings_.plotsLayout() ? tr("Layout") : tr("Limits"));
     const auto& sizes = commands::paperSizes();
     for (std::size_t i = 0; i < sizes.size(); ++i)
         if (&sizes[i] == settings_.paper) paper_->setCurrentIndex(static_cast<int>(i));
@@ -175,7 +178,7 @@ void PlotDialog::showSettings() {
     orientation_->setCurrentIndex(settings_.landscape ? 1 : 0);
     upsideDown_->setChecked(settings_.upsideDown);
     for (int i = 0; i < 4; ++i)
-        if (kAreaValues[i] == settings_.area) area_->setCurrentIndex(i);
+        if (areaValue(i, settings_.plotsLayout()) == settings_.area) area_->setCurrentIndex(i);
     window_->setText(settings_.area == PlotArea::Window
                          ? QString("%1,%2 - %3,%4")
                                .arg(shown(settings_.windowFirst[0]), shown(settings_.windowFirst[1]),
@@ -203,7 +206,7 @@ std::string PlotDialog::takeControls() {
     settings_.millimeters = units_->currentIndex() == 0;
     settings_.landscape = orientation_->currentIndex() == 1;
     settings_.upsideDown = upsideDown_->isChecked();
-    settings_.area = kAreaValues[std::max(0, area_->currentIndex())];
+    settings_.area = areaValue(area_->currentIndex(), settings_.plotsLayout());
     if (view_) {
         const Box2 shownArea = view_->visibleArea();
         settings_.display = std::pair{ardo::Point3{shownArea.x0, shownArea.y0, 0}, ardo::Point3{shownArea.x1, shownArea.y1, 0}};
@@ -250,17 +253,12 @@ void PlotDialog::updatePreview() {
     QImage image(static_cast<int>(widthMm * dots), static_cast<int>(heightMm * dots), QImage::Format_RGB32);
     image.fill(Qt::white);
     std::unique_ptr<Scene> own;
-    const Scene* scene = view_ ? &view_->scene() : (own = std::make_unique<Scene>(drawing_, Space::Model)).get();
-    const Box2 area = plotArea(drawing_, *scene, settings_);
-    if (!area.empty()) {
-        QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing);
-        if (settings_.upsideDown) {
-            painter.translate(image.width(), image.height());
-            painter.rotate(180);
-        }
-        paintPlot(painter, *scene, area, placeOnSheet(area, settings_), dots, heightMm, settings_);
-    }
+    const Scene& model = view_ ? view_->scene() : *(own = std::make_unique<Scene>(drawing_, Space::Model));
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // Nothing to plot leaves the sheet blank; OK says why.
+    (void)paintSheet(painter, drawing_, model, settings_, dots);
+    painter.end();
     QPixmap framed(image.width() + 2, image.height() + 2);
     framed.fill(Qt::darkGray);
     QPainter(&framed).drawImage(1, 1, image);

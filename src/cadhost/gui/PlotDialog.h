@@ -48,7 +48,7 @@ private:
     DrawingView* view_;
     commands::PlotSettings settings_;
     std::function<void(const std::string&)> note_;
-    QComboBox *device_, *paper_, *units_, *orientation_, *area_, *table_;
+    QComboBox *layout_, *device_, *paper_, *units_, *orientation_, *area_, *table_;
     QCheckBox *upsideDown_, *fit_, *center_, *plotStyles_, *lineweights_;
     QLineEdit *paperUnits_, *drawingUnits_, *offsetX_, *offsetY_, *file_;
     QLabel *window_, *preview_;

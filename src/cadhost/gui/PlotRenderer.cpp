@@ -11,6 +11,8 @@
 #include <memory>
 
 #include "cadhost/drawing/Drawing.h"
+#include "base/CaseFold.h"
+#include "cadhost/gui/LayoutScene.h"
 #include "cadhost/gui/Scene.h"
 #include "cadhost/gui/ScenePainter.h"
 
@@ -66,13 +68,14 @@ QColor plottedColor(std::uint32_t rgb, const PlotSettings& settings) {
 class PiecePainter {
 public:
     PiecePainter(QPainter& painter, const Scene& scene, const ViewTransform& view, double dotsPerMillimetre,
-                 double millimetresPerUnit, const PlotSettings& settings)
+                 double millimetresPerUnit, const PlotSettings& settings, std::vector<bool> frozen = {})
         : painter_(painter), scene_(scene), view_(view), dots_(dotsPerMillimetre),
-          unitsToDots_(millimetresPerUnit * dotsPerMillimetre), settings_(settings) {}
+          unitsToDots_(millimetresPerUnit * dotsPerMillimetre), settings_(settings), frozen_(std::move(frozen)) {}
 
     void paint(const Piece& p) {
         const SceneLayer& layer = scene_.layers()[p.layer];
         if (!layer.shown() || !layer.plottable) return;
+        if (static_cast<std::size_t>(p.layer) < frozen_.size() && frozen_[p.layer]) return;
         const QColor color = plottedColor(p.color.byLayer ? layer.rgb : p.color.rgb, settings_);
         QPen pen(color, penWidth(p.line.weight, layer), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
         painter_.setPen(pen);
@@ -174,7 +177,21 @@ private:
     const ViewTransform& view_;
     double dots_, unitsToDots_;
     const PlotSettings& settings_;
+    std::vector<bool> frozen_;   // a viewport's frozen layers
 };
+
+// Paper space onto the sheet: the area's lower left corner where the placement puts it.
+ViewTransform sheetView(const Box2& area, const SheetPlacement& placement, double dotsPerMillimetre, double sheetHeight) {
+    ViewTransform view;
+    view.scale = placement.millimetresPerUnit * dotsPerMillimetre;
+    view.left = placement.left * dotsPerMillimetre - area.x0 * view.scale;
+    view.top = (sheetHeight - placement.bottom) * dotsPerMillimetre + area.y0 * view.scale;
+    return view;
+}
+
+QRectF deviceRect(const ViewTransform& view, const Box2& b) {
+    return QRectF(QPointF(view.x(b.x0), view.y(b.y1)), QPointF(view.x(b.x1), view.y(b.y0)));
+}
 
 }  // namespace
 
@@ -219,15 +236,11 @@ SheetPlacement placeOnSheet(const Box2& area, const PlotSettings& settings) {
 
 void paintPlot(QPainter& painter, const Scene& scene, const Box2& area, const SheetPlacement& placement,
                double dotsPerMillimetre, double sheetHeight, const PlotSettings& settings) {
-    ViewTransform view;
-    view.scale = placement.millimetresPerUnit * dotsPerMillimetre;
-    view.left = placement.left * dotsPerMillimetre - area.x0 * view.scale;
-    view.top = (sheetHeight - placement.bottom) * dotsPerMillimetre + area.y0 * view.scale;
+    const ViewTransform view = sheetView(area, placement, dotsPerMillimetre, sheetHeight);
     painter.save();
     // Nothing outside a chosen area reaches the paper; the extents hold everything already,
     // and clipping to them would cut a flat drawing's lines and every line's width.
-    if (settings.area != PlotArea::Extents)
-        painter.setClipRect(QRectF(QPointF(view.x(area.x0), view.y(area.y1)), QPointF(view.x(area.x1), view.y(area.y0))));
+    if (settings.area != PlotArea::Extents) painter.setClipRect(deviceRect(view, area));
     PiecePainter pieces(painter, scene, view, dotsPerMillimetre, placement.millimetresPerUnit, settings);
     scene.visit(area, [&](const SceneItem& item, Look) {
         for (const Piece& piece : item.pieces) pieces.paint(piece);
@@ -235,21 +248,85 @@ void paintPlot(QPainter& painter, const Scene& scene, const Box2& area, const Sh
     painter.restore();
 }
 
+Box2 plotArea(const LayoutScene& layout, const PlotSettings& settings) {
+    switch (settings.area) {
+    case PlotArea::Window:
+    case PlotArea::View: return pointsBox(settings.windowFirst, settings.windowSecond);
+    case PlotArea::Extents: return layout.paper().extents();
+    default: {
+        const SheetArea& sheet = layout.layout().paper;
+        return sheet.empty() ? layout.extents() : Box2{sheet.x0, sheet.y0, sheet.x1, sheet.y1};
+    }
+    }
+}
+
+void paintLayoutPlot(QPainter& painter, const LayoutScene& layout, const Scene& model, const Box2& area,
+                     const SheetPlacement& placement, double dotsPerMillimetre, double sheetHeight,
+                     const PlotSettings& settings) {
+    const ViewTransform view = sheetView(area, placement, dotsPerMillimetre, sheetHeight);
+    painter.save();
+    if (settings.area != PlotArea::Extents) painter.setClipRect(deviceRect(view, area));
+    for (const ViewportView& v : layout.viewports()) {
+        if (!v.on || !(v.scale > 0)) continue;
+        painter.save();
+        painter.setClipRect(deviceRect(view, v.frame), Qt::IntersectClip);
+        const ViewTransform through = throughViewport(view, v);
+        // The model-space box the frame shows, so only what can be seen is visited.
+        const double cx = (v.frame.x0 + v.frame.x1) / 2, cy = (v.frame.y0 + v.frame.y1) / 2;
+        const Box2 seen{v.viewCentre.x + (v.frame.x0 - cx) / v.scale, v.viewCentre.y + (v.frame.y0 - cy) / v.scale,
+                        v.viewCentre.x + (v.frame.x1 - cx) / v.scale, v.viewCentre.y + (v.frame.y1 - cy) / v.scale};
+        PiecePainter pieces(painter, model, through, dotsPerMillimetre, placement.millimetresPerUnit * v.scale, settings,
+                            v.frozenMask(model));
+        model.visit(seen, [&](const SceneItem& item, Look) {
+            for (const Piece& piece : item.pieces) pieces.paint(piece);
+        });
+        painter.restore();
+    }
+    PiecePainter pieces(painter, layout.paper(), view, dotsPerMillimetre, placement.millimetresPerUnit, settings);
+    layout.paper().visit(area, [&](const SceneItem& item, Look) {
+        for (const Piece& piece : item.pieces) pieces.paint(piece);
+    });
+    painter.restore();
+}
+
+std::optional<Layout> findLayout(const Drawing& drawing, std::string_view name) {
+    for (const Layout& layout : drawing.layouts())
+        if (ardo::equalsNoCase(layout.name, name)) return layout;
+    return std::nullopt;
+}
+
+ardo::Result<SheetPlacement> paintSheet(QPainter& painter, Drawing& drawing, const Scene& model,
+                                        const PlotSettings& settings, double dotsPerMillimetre) {
+    std::optional<LayoutScene> layout;
+    if (!ardo::equalsNoCase(settings.layout, "Model")) {
+        const auto found = findLayout(drawing, settings.layout);
+        if (!found) return ardo::Error{"Layout \"" + settings.layout + "\" not found; plot Model or another layout."};
+        layout.emplace(drawing, *found);
+    }
+    const Box2 area = layout ? plotArea(*layout, settings) : plotArea(drawing, model, settings);
+    if (area.empty() || !(area.x1 > area.x0 || area.y1 > area.y0))
+        return ardo::Error{"Nothing to plot: the plot area is empty. Draw something or choose another plot area."};
+    const SheetPlacement placement = placeOnSheet(area, settings);
+    painter.save();
+    if (settings.upsideDown) {
+        painter.translate(settings.sheetWidth() * dotsPerMillimetre, settings.sheetHeight() * dotsPerMillimetre);
+        painter.rotate(180);
+    }
+    if (layout)
+        paintLayoutPlot(painter, *layout, model, area, placement, dotsPerMillimetre, settings.sheetHeight(), settings);
+    else
+        paintPlot(painter, model, area, placement, dotsPerMillimetre, settings.sheetHeight(), settings);
+    painter.restore();
+    SheetPlacement plotted = placement;
+    plotted.width = (area.x1 - area.x0) * placement.millimetresPerUnit;
+    plotted.height = (area.y1 - area.y0) * placement.millimetresPerUnit;
+    return plotted;
+}
+
 ardo::Status writePlot(Drawing& drawing, const PlotSettings& settings,
                        const std::function<void(const std::string&)>& note) {
     ensureGuiApplication();
     const Scene scene(drawing, Space::Model);
-    const Box2 area = plotArea(drawing, scene, settings);
-    if (area.empty() || !(area.x1 > area.x0 || area.y1 > area.y0))
-        return ardo::Error{"Nothing to plot: the plot area is empty. Draw something or choose another plot area."};
-    const SheetPlacement placement = placeOnSheet(area, settings);
-    if (note) {
-        char text[160];
-        std::snprintf(text, sizeof text, "Effective plotting area: %.2f wide by %.2f high (millimeters)\n",
-                      (area.x1 - area.x0) * placement.millimetresPerUnit, (area.y1 - area.y0) * placement.millimetresPerUnit);
-        note(text);
-    }
-
     // Written beside the target and moved over it, so a failed plot leaves the old file.
     const std::filesystem::path target = settings.file;
     const std::filesystem::path partial = target.string() + ".part";
@@ -264,12 +341,19 @@ ardo::Status writePlot(Drawing& drawing, const PlotSettings& settings,
         QPainter painter;
         if (!painter.begin(&writer))
             return ardo::Error{"Cannot write \"" + target.string() + "\": check that the folder is writable."};
-        const double dotsPerMillimetre = kDotsPerInch / 25.4;
-        if (settings.upsideDown) {
-            painter.translate(settings.sheetWidth() * dotsPerMillimetre, settings.sheetHeight() * dotsPerMillimetre);
-            painter.rotate(180);
+        const auto plotted = paintSheet(painter, drawing, scene, settings, kDotsPerInch / 25.4);
+        if (!plotted) {
+            painter.end();
+            std::error_code ec;
+            std::filesystem::remove(partial, ec);
+            return ardo::Error{plotted.error()};
         }
-        paintPlot(painter, scene, area, placement, dotsPerMillimetre, settings.sheetHeight(), settings);
+        if (note) {
+            char text[160];
+            std::snprintf(text, sizeof text, "Effective plotting area: %.2f wide by %.2f high (millimeters)\n",
+                          plotted->width, plotted->height);
+            note(text);
+        }
         if (!painter.end())
             return ardo::Error{"Cannot write \"" + target.string() + "\": check that the disk has room."};
     }

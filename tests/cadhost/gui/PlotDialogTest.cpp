@@ -17,28 +17,12 @@
 #include "cadhost/drawing/Drawing.h"
 #include "cadhost/gui/DrawingView.h"
 #include "cadhost/gui/PlotDialog.h"
+#include "PlotCheck.h"
 
 namespace cadhost::gui {
 namespace {
 
-void app() {
-    static int argc = 1;
-    static char name[] = "plot-dialog-tests";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication* qt = new QApplication(argc, argv);
-    (void)qt;
-}
-
-std::string pdfInfo(const std::string& file) {
-    std::string out;
-    if (FILE* pipe = popen(("pdfinfo '" + file + "' 2>&1").c_str(), "r")) {
-        char buffer[256];
-        while (std::fgets(buffer, sizeof buffer, pipe)) out += buffer;
-        pclose(pipe);
-    }
-    return out;
-}
+using test::plot::app;
 
 template <class T>
 T& child(QWidget& parent, const char* name) {
@@ -87,8 +71,7 @@ TEST_F(PlotDialogTest, ChoicesMakeTheSheetAndOkWritesIt) {
     EXPECT_FALSE(dialog.settings().landscape);
     dialog.accept();
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    // ISO A2 portrait, 420 x 594 mm, in whole points.
-    EXPECT_NE(pdfInfo(file).find("Page size:       1191 x 1684 pts (A2)"), std::string::npos) << pdfInfo(file);
+    EXPECT_PAGE(file, 420, 594);
 }
 
 TEST_F(PlotDialogTest, ABadScaleIsRefusedAndTheDialogStays) {
@@ -129,6 +112,47 @@ TEST_F(PlotDialogTest, AWindowIsPickedInTheView) {
     EXPECT_NEAR(s.windowSecond[1], 70, 0.5);
     // The view answers its own prompts again afterwards.
     EXPECT_FALSE(view.input().point);
+}
+
+TEST(PlotDialogLayouts, OffersTheLayoutsFromTheOneShownAndPlotsItsSheet) {
+    app();
+    auto opened = Drawing::open(ARDO_TEST_DATA "/commands/layout_viewports.dxf");
+    ASSERT_TRUE(opened) << opened.error();
+    Drawing& drawing = *opened;
+    ASSERT_EQ(drawing.setVar("CTAB", ardo::ResBuf::str("Layout2")), ardo::DbStatus::Ok);
+    PlotDialog dialog(drawing, nullptr);
+    auto& layouts = child<QComboBox>(dialog, "layout");
+    ASSERT_EQ(layouts.count(), 3);
+    EXPECT_EQ(layouts.itemText(0), "Model");
+    EXPECT_EQ(layouts.itemText(1), "Layout1");
+    EXPECT_EQ(layouts.currentText(), "Layout2");
+    auto& area = child<QComboBox>(dialog, "area");
+    EXPECT_EQ(area.currentText(), "Layout");
+    EXPECT_EQ(dialog.settings().area, commands::PlotArea::Layout);
+
+    // Model plots its extents, fitted, with Limits in place of Layout.
+    layouts.setCurrentText("Model");
+    EXPECT_EQ(dialog.settings().layout, "Model");
+    EXPECT_EQ(area.itemText(2), "Limits");
+    EXPECT_FALSE(dialog.settings().scale.has_value());
+
+    layouts.setCurrentText("Layout1");
+    EXPECT_EQ(area.currentText(), "Layout");
+    EXPECT_TRUE(child<QCheckBox>(dialog, "center").isChecked());
+    EXPECT_FALSE(child<QCheckBox>(dialog, "fit").isChecked());
+    EXPECT_EQ(child<QComboBox>(dialog, "paper").currentText(), "ISO A3 (297.00 x 420.00 MM)");
+    EXPECT_EQ(child<QComboBox>(dialog, "orientation").currentText(), "Landscape");
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() / ("ardo-plot-layouts-" + std::to_string(getpid()));
+    std::filesystem::create_directories(folder);
+    const std::string file = (folder / "layout1.pdf").string();
+    child<QLineEdit>(dialog, "file").setText(QString::fromStdString(file));
+    dialog.show();
+    QTest::qWait(20);
+    dialog.grab().save(QString::fromStdString((std::filesystem::temp_directory_path() / "ardo-plot-dialog-layout.png").string()));
+    dialog.accept();
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_PAGE(file, 420, 297);
+    std::filesystem::remove_all(folder);
 }
 
 }  // namespace

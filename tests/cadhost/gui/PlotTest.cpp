@@ -12,52 +12,15 @@
 #include "cadhost/commands/CommandTestSupport.h"
 #include "cadhost/commands/PlotSettings.h"
 #include "cadhost/gui/PlotRenderer.h"
+#include "PlotCheck.h"
 
 namespace cadhost::test {
 namespace {
 
-void app() {
-    static int argc = 1;
-    static char name[] = "plot-tests";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication* qt = new QApplication(argc, argv);
-    (void)qt;
-}
-
-std::string run(const std::string& command) {
-    std::string out;
-    if (FILE* pipe = popen(command.c_str(), "r")) {
-        char buffer[512];
-        while (std::fgets(buffer, sizeof buffer, pipe)) out += buffer;
-        pclose(pipe);
-    }
-    return out;
-}
-
-// The first page's size in millimetres as pdfinfo reports it.
-std::pair<double, double> pageSize(const std::string& pdf) {
-    const std::string info = run("pdfinfo '" + pdf + "'");
-    double w = 0, h = 0;
-    const auto at = info.find("Page size:");
-    if (at == std::string::npos || std::sscanf(info.c_str() + at, "Page size: %lf x %lf", &w, &h) != 2)
-        ADD_FAILURE() << "no page size in " << info;
-    return {w / 72 * 25.4, h / 72 * 25.4};
-}
-
-// Qt writes the page box in whole points: a third of a millimetre.
-constexpr double kPageTolerance = 0.4;
-
-#define EXPECT_PAGE(pdf, width, height)                               \
-    do {                                                              \
-        const auto [w, h] = pageSize(pdf);                            \
-        EXPECT_NEAR(w, width, kPageTolerance);                        \
-        EXPECT_NEAR(h, height, kPageTolerance);                       \
-    } while (false)
-
-// Ten pixels a millimetre.
-constexpr int kDpi = 254;
-constexpr int kPerMm = 10;
+using plot::app;
+using plot::kDpi;
+using plot::kPerMm;
+using plot::run;
 
 class Plot : public ::testing::Test {
 protected:
@@ -105,13 +68,7 @@ protected:
         return file;
     }
 
-    QImage page(const std::string& pdf) {
-        const std::string stem = (folder / "page").string();
-        run("pdftoppm -png -singlefile -r " + std::to_string(kDpi) + " '" + pdf + "' '" + stem + "'");
-        QImage image(QString::fromStdString(stem + ".png"));
-        EXPECT_FALSE(image.isNull()) << "pdftoppm gave no page for " << pdf;
-        return image.convertToFormat(QImage::Format_RGB32);
-    }
+    QImage page(const std::string& pdf) { return plot::rasterise(pdf, (folder / "page").string()); }
 
     // Pixels not white within a box given in sheet millimetres from the lower left.
     static int ink(const QImage& image, double x0, double y0, double x1, double y1) {
@@ -326,6 +283,122 @@ TEST_F(Plot, ANamedViewPlotsItsBoxAndNothingBeyond) {
             if (qGray(image.pixel(x, y)) < 200) left = std::min(left, x), right = std::max(right, x);
     EXPECT_NEAR(left / double(kPerMm), 5.0, 0.3);
     EXPECT_NEAR((right + 1) / double(kPerMm), 30.0, 0.3);
+}
+
+using gui::Box2;
+
+// Layout1 of layout_viewports.dxf: an A3 landscape sheet with two viewports side by side,
+// the right one freezing "Dach"; "Wand" (red) is in sight of both.
+class LayoutPlot : public ::testing::Test {
+protected:
+    void SetUp() override {
+        app();
+        commands::setPlotWriter(gui::writePlot);
+        folder = std::filesystem::temp_directory_path() / ("ardo-layoutplot-" + std::to_string(getpid()));
+        std::filesystem::create_directories(folder);
+        cmd.echo(0);
+        // A green line on "Dach" in model space, in sight of both viewports.
+        ASSERT_TRUE(cmd.drawing.makeEntity({{0, "LINE"}, {67, "0"}, {8, "Dach"}, {10, "40"}, {20, "10"}, {11, "60"},
+                                            {21, "40"}}));
+        for (const Layout& layout : cmd.drawing.layouts())
+            if (layout.name == "Layout1") sheet = layout.paper;
+        ASSERT_FALSE(sheet.empty());
+    }
+    void TearDown() override { std::filesystem::remove_all(folder); }
+
+    // Pixels of a colour family inside a box of paper space, a little within its edges.
+    template <class Is>
+    int count(const QImage& image, const Box2& area, Is is) const {
+        const auto px = [&](double x) { return static_cast<int>((x - sheet.x0) * kPerMm); };
+        const auto py = [&](double y) { return static_cast<int>((sheet.y1 - y) * kPerMm); };
+        int n = 0;
+        for (int y = py(area.y1) + 5; y < py(area.y0) - 5; ++y)
+            for (int x = px(area.x0) + 5; x < px(area.x1) - 5; ++x) n += image.valid(x, y) && is(image.pixel(x, y));
+        return n;
+    }
+
+    CommandLine cmd{openFixture("layout_viewports.dxf")};
+    std::filesystem::path folder;
+    SheetArea sheet;
+};
+
+bool red(QRgb c) { return qRed(c) > 180 && qGreen(c) < 90 && qBlue(c) < 90; }
+bool green(QRgb c) { return qGreen(c) > 150 && qRed(c) < 90 && qBlue(c) < 90; }
+
+TEST_F(LayoutPlot, TheSheetWithEachViewportsModelSpaceLeavingOutItsFrozenLayers) {
+    const std::string file = (folder / "layout.pdf").string();
+    // The plain prompts: the layout's own sheet, its whole area at 1:1.
+    EXPECT_EQ(cmd.feed({S("_.-PLOT"), S("_N"), S("layout1"), S(""), S(""), S(file), S("N"), S("Y")}), ardo::RTNORM)
+        << cmd.printed;
+    EXPECT_FALSE(cmd.processor.active()) << cmd.processor.prompt();
+    ASSERT_TRUE(std::filesystem::exists(file)) << cmd.printed;
+    EXPECT_PAGE(file, sheet.x1 - sheet.x0, sheet.y1 - sheet.y0);
+    EXPECT_PAGE(file, 420, 297);
+
+    const QImage image = plot::rasterise(file, (folder / "page").string());
+    ASSERT_FALSE(image.isNull());
+    image.save(QString::fromStdString((std::filesystem::temp_directory_path() / "ardo-plot-layout.png").string()));
+    const Box2 left{20, 90, 200, 210}, right{220, 90, 400, 210};
+    EXPECT_GT(count(image, left, red), 100);
+    EXPECT_GT(count(image, right, red), 100);
+    EXPECT_GT(count(image, left, green), 100);
+    EXPECT_EQ(count(image, right, green), 0) << "a layer frozen in the viewport plotted there";
+    // Model space ends at the viewport borders.
+    EXPECT_EQ(count(image, Box2{sheet.x0, sheet.y0, 15, 85}, red), 0);
+}
+
+TEST_F(LayoutPlot, LayoutPromptListsAndRefuses) {
+    EXPECT_EQ(cmd.feed({S("_.-PLOT"), S("_N"), S("?")}), ardo::RTNORM);
+    EXPECT_NE(cmd.printed.find("  Model\n  Layout1\n  Layout2\n"), std::string::npos) << cmd.printed;
+    cmd.printed.clear();
+    EXPECT_EQ(cmd.feed({S("Nowhere")}), ardo::RTNORM);
+    EXPECT_NE(cmd.printed.find("Layout \"Nowhere\" not found"), std::string::npos) << cmd.printed;
+    // A layout's plot area offers Layout in place of Limits, and takes it by default.
+    cmd.processor.cancel();
+    EXPECT_EQ(cmd.feed({S("_.-PLOT"), S("_Y"), S("Layout2"), S(""), S(""), S(""), S(""), S("")}), ardo::RTNORM)
+        << cmd.printed;
+    EXPECT_EQ(cmd.processor.prompt(), "Enter plot area [Display/Extents/Layout/View/Window] <Layout>: ");
+    EXPECT_EQ(cmd.feed({S("_L")}), ardo::RTNORM);
+    EXPECT_EQ(cmd.processor.prompt(), "Enter plot scale (Plotted Millimeters=Drawing Units) or [Fit] <1=1>: ");
+}
+
+TEST_F(LayoutPlot, ALayoutSetUpForAnotherDeviceGoesOnThePaperAnswered) {
+    // The same drawing with Layout1 set up for a plotter and a paper no PDF lists.
+    std::string text = run("cat '" + fixturePath("layout_viewports.dxf") + "'");
+    for (const auto& [from, to] : {std::pair<std::string, std::string>{"DWG to PDF.pc3", "Plotter.pc3"},
+                                   {"ezdxf_(420.00_x_297.00_MM)", "Roll_(914_x_1200_MM)"}}) {
+        const auto at = text.find(from);
+        ASSERT_NE(at, std::string::npos) << from;
+        text.replace(at, from.size(), to);
+    }
+    const std::filesystem::path source = folder / "plotter.dxf";
+    {
+        FILE* out = std::fopen(source.c_str(), "wb");
+        ASSERT_NE(out, nullptr);
+        std::fwrite(text.data(), 1, text.size(), out);
+        std::fclose(out);
+    }
+    auto opened = Drawing::open(source.string());
+    ASSERT_TRUE(opened) << opened.error();
+    CommandLine other(std::move(*opened));
+    other.echo(0);
+    const std::string file = (folder / "a3.pdf").string();
+    EXPECT_EQ(other.feed({S("_.-PLOT"), S("_Y"), S("Layout1"), S(""), S("A3"), S(""), S(""), S(""), S(""), S(""), S(""),
+                          S("N"), S("N"), S(file), S("N"), S("Y")}),
+              ardo::RTNORM)
+        << other.printed;
+    EXPECT_FALSE(other.processor.active()) << other.processor.prompt();
+    EXPECT_PAGE(file, 420, 297);
+    // Layout2 names a listed paper (A3, turned a quarter) and is plotted on it, whatever
+    // was answered before.
+    commands::PlotSettings settings = commands::defaultPlotSettings(other.drawing);
+    settings.paper = commands::findPaperSize("ANSI B");
+    ASSERT_TRUE(commands::choosePlotLayout(other.drawing, "Layout2", settings));
+    EXPECT_EQ(settings.area, commands::PlotArea::Layout);
+    EXPECT_EQ(settings.scale, 1.0);
+    EXPECT_NEAR(settings.sheetWidth(), 297, 1e-6);
+    EXPECT_NEAR(settings.sheetHeight(), 420, 1e-6);
+    EXPECT_FALSE(commands::choosePlotLayout(other.drawing, "Layout9", settings));
 }
 
 TEST(PlotSettings, PaperSizesByListedOrShortName) {

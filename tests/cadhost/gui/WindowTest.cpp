@@ -347,3 +347,33 @@ TEST_F(WindowTest, QueuedExpressionsRunWhenTheWindowIsIdleAndWaitForACommandToEn
 
 }  // namespace
 }  // namespace cadhost::gui
+
+namespace cadhost::gui {
+namespace {
+
+using namespace test;
+
+// Noun-verb: what is picked before a command is its objects when it opens with the plain
+// object prompt; a command with other first questions, and LISP, leave the selection alone.
+TEST_F(WindowTest, ObjectsPickedBeforeACommandAreItsObjects) {
+    click({5.9425, 3});
+    ASSERT_EQ(view()->selection(), std::vector<Handle>{0x9E});
+    type("ERASE");
+    EXPECT_EQ(app->lisp().evaluate("(entget (handent \"9E\"))").printed, "nil");
+    EXPECT_NE(app->lisp().evaluate("(entget (handent \"9F\"))").printed, "nil");
+    EXPECT_TRUE(view()->selection().empty());
+    EXPECT_EQ(window->commandDock()->prompt(), "Command: ");
+
+    click({6.0575, 3});
+    type("(setq picked (ssget \"_X\"))");
+    EXPECT_EQ(view()->selection(), std::vector<Handle>{0x9F});
+    type("_.MOVE");
+    EXPECT_EQ(window->commandDock()->prompt().rfind("Specify base point", 0), 0u)
+        << window->commandDock()->prompt();
+    type("0,0");
+    type("1,0");
+    EXPECT_EQ(app->lisp().evaluate("(rtos (cadr (assoc 10 (entget (handent \"9F\")))) 2 4)").printed, "\"7.0575\"");
+}
+
+}  // namespace
+}  // namespace cadhost::gui

@@ -37,7 +37,10 @@ std::string number(double v) {
 }
 
 // The drawing's text with the page's paper limits at the end of its header, where they
-// override any the file has. Binary files go through our reader and writer first.
+// override any the file has, and millimetres as its units: LibreCAD reads the limits in
+// the drawing's units and converts them to millimetres, so a drawing in metres would get a
+// page a thousand times too large and one in a tiny unit a page of a pixel. Binary files
+// go through our reader and writer first.
 std::string withPaperLimits(const fs::path& dxf, const Page& page) {
     std::string text = readFile(dxf);
     if (text.rfind("AutoCAD Binary DXF", 0) == 0) {
@@ -45,7 +48,7 @@ std::string withPaperLimits(const fs::path& dxf, const Page& page) {
         text = drawing ? drawing->toDxf() : std::string();
     }
     const std::string limits = "  9\n$PLIMMIN\n 10\n0.0\n 20\n0.0\n  9\n$PLIMMAX\n 10\n" + number(page.width) +
-                               "\n 20\n" + number(page.height) + "\n";
+                               "\n 20\n" + number(page.height) + "\n  9\n$INSUNITS\n 70\n4\n";
     // Walk the group code / value pairs to the header's ENDSEC.
     std::vector<std::pair<std::size_t, std::string>> lines;   // start offset, trimmed line
     for (std::size_t at = 0; at < text.size();) {

@@ -1,7 +1,8 @@
 #pragma once
 // Our rendering of a drawing against LibreCAD's, on the same page: LibreCAD prints the
 // drawing with dxf2pdf at a scale and margins computed from our extents (the page size it
-// takes from the drawing's paper limits, so a copy gets $PLIMMIN/$PLIMMAX of the page),
+// takes from the drawing's paper limits in the drawing's units, so a copy gets
+// $PLIMMIN/$PLIMMAX of the page and millimetres as $INSUNITS),
 // pdftoppm rasterises the PDF, and we paint the same extents to an image of the same size.
 //
 // The measure: each image becomes an ink mask (LibreCAD's: darker than light grey on its
