@@ -177,7 +177,11 @@ std::uint32_t Drawing::addEntity(RecordId record, std::int32_t block, RecordId& 
     cursor = e.last;
     indexHandle(record, head);
     const auto index = static_cast<std::uint32_t>(entities_.size());
-    if (e.handle != 0) entityByHandle_.emplace(e.handle, index);
+    // An entity without a handle (an old R12 file) or with one an earlier entity took (a
+    // damaged file) is named after its record, so it is drawn, listed and editable like any
+    // other; the file keeps what it had.
+    if (e.handle == 0 || entityByHandle_.find(e.handle)) e.handle = kUnnamedEntities + record;
+    entityByHandle_.emplace(e.handle, index);
     entities_.push_back(e);
     return index;
 }

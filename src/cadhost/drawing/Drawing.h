@@ -413,6 +413,8 @@ private:
     void announceInserts(std::string_view block);
 
     // Entities
+    // Entities the file left without a usable handle are named from here on, by record.
+    static constexpr Handle kUnnamedEntities = Handle{0x7FFF} << 48;
     const Entity* findEntity(Handle handle) const;
     bool isNamedEntity(std::uint32_t index) const;
     std::optional<Extents> entityExtents(const Entity& e, int depth) const;

@@ -16,10 +16,9 @@ const Drawing::Entity* Drawing::findEntity(Handle handle) const {
 }
 
 bool Drawing::isNamedEntity(std::uint32_t index) const {
-    // An entity without a handle, or whose handle an earlier one took already (a damaged
-    // file), cannot be named and is left out of the chain.
+    // An entity whose name a real handle took already cannot be named and is left out.
     const Entity& e = entities_[index];
-    if (doc_.isErased(e.record) || !e.handle) return false;
+    if (doc_.isErased(e.record)) return false;
     const std::uint32_t* named = entityByHandle_.find(e.handle);
     return named && *named == index;
 }

@@ -1,6 +1,8 @@
 // Entities: order, lookup by handle, entity lists, extents, viewports.
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "cadhost/drawing/DxfTestSupport.h"
 
 namespace cadhost {
@@ -108,6 +110,40 @@ TEST(BlockExtents, BlocksThatInsertThemselvesEndQuickly) {
     ASSERT_TRUE(e);
     EXPECT_DOUBLE_EQ(e->min[0], 100);   // the line of A; the self references add nothing
     EXPECT_DOUBLE_EQ(e->max[0], 101);
+}
+
+// An old R12 file has no handles, a damaged one gives two entities the same: every entity is
+// still listed and editable, and a save keeps the file's own bytes.
+TEST(UnnamedEntities, AreListedAndEditableAndTheFileKeepsItsBytes) {
+    const std::string line = "  0\nLINE\n  8\n0\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n0.0\n";
+    const std::string twin = "  0\nLINE\n  5\nA1\n  8\n0\n 10\n0.0\n 20\n0.0\n 11\n2.0\n 21\n0.0\n";
+    const std::string file = "  0\nSECTION\n  2\nENTITIES\n" + line + line + twin + twin + "  0\nENDSEC\n  0\nEOF\n";
+    Drawing d = test::parseOrFail(file);
+    std::vector<Handle> listed;
+    for (auto h = d.firstEntity(); h; h = d.nextEntity(*h)) listed.push_back(*h);
+    ASSERT_EQ(listed.size(), 4u);
+    EXPECT_EQ(std::set<Handle>(listed.begin(), listed.end()).size(), 4u) << "every entity has a name of its own";
+    EXPECT_EQ(listed[2], 0xA1u) << "the first of two takes the handle";
+    EXPECT_EQ(d.toDxf(), file);
+
+    // The names hold through an edit and its undo.
+    d.recordChanges(true);
+    ASSERT_EQ(d.modifyEntity(listed[1], {{0, "LINE"}, {10, "0"}, {20, "0"}, {11, "5"}, {21, "0"}}),
+              ardo::DbStatus::Ok);
+    const auto endX = [&](Handle h) {
+        for (const EntityTag& t : d.entityTags(h))
+            if (t.code == 11) return std::stod(t.value);
+        return -1.0;
+    };
+    EXPECT_EQ(endX(listed[1]), 5);
+    EXPECT_EQ(endX(listed[0]), 1) << "the other unnamed line is untouched";
+    DrawingChanges step = d.takeChanges();
+    d.undo(step);
+    std::vector<Handle> again;
+    for (auto h = d.firstEntity(); h; h = d.nextEntity(*h)) again.push_back(*h);
+    EXPECT_EQ(again, listed);
+    EXPECT_EQ(endX(listed[1]), 1);
+    EXPECT_EQ(d.toDxf(), file);
 }
 
 }  // namespace
