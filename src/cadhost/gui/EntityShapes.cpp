@@ -86,6 +86,27 @@ std::string plainMText(const std::string& value) {
     return out;
 }
 
+std::string wrapLines(const std::string& text, std::size_t columns) {
+    std::string out;
+    std::size_t lineStart = 0, lastSpace = std::string::npos, length = 0;
+    for (char c : text) {
+        out += c;
+        if (c == '\n') {
+            lineStart = out.size(), lastSpace = std::string::npos, length = 0;
+            continue;
+        }
+        if ((static_cast<unsigned char>(c) & 0xC0) == 0x80) continue;   // inside a character
+        ++length;
+        if (c == ' ') lastSpace = out.size() - 1;
+        if (length > columns && lastSpace != std::string::npos) {
+            out[lastSpace] = '\n';
+            lineStart = lastSpace + 1, lastSpace = std::string::npos;
+            length = textExtent(out.substr(lineStart)).longest;
+        }
+    }
+    return out;
+}
+
 PieceLine EntityShapes::lineOf(const Groups& t, const Context& context) const {
     PieceLine line;
     line.dashScale = t.get(48, 1) * context.place.scale();
@@ -181,7 +202,10 @@ void EntityShapes::add(Handle entity, const Context& context, std::vector<Piece>
         // The insertion point is the top left corner; the run starts at the first base line.
         const double a = radians(angle);
         const Vec2 at = point(t, 10);
-        text({at.x + height * std::sin(a), at.y - height * std::cos(a)}, height, angle, plainMText(value));
+        std::string plain = plainMText(value);
+        if (const double width = t.get(41); width > 0 && height > 0)
+            plain = wrapLines(plain, static_cast<std::size_t>(std::max(1.0, width / (kCharacterAdvance * height))));
+        text({at.x + height * std::sin(a), at.y - height * std::cos(a)}, height, angle, std::move(plain));
     } else if (type == "INSERT" || type == "DIMENSION") {
         if (context.depth >= kMaxDepth) return;
         Context inner{place, layer, color, inheritedLine(lineStyle, layerName ? *layerName : "0"), context.depth + 1};

@@ -51,5 +51,8 @@ private:
 
 // The plain text of an MTEXT value: paragraph breaks as line ends, formatting codes dropped.
 std::string plainMText(const std::string& value);
+// The lines of a plain text broken at spaces so that none is longer than `columns`
+// characters where a space allows it, as an MTEXT wraps at its reference width.
+std::string wrapLines(const std::string& text, std::size_t columns);
 
 }  // namespace cadhost::gui

@@ -56,14 +56,10 @@ bool insideFill(const Piece& p, Vec2 at) {
 
 // The box a text run covers, estimated from its height and longest line.
 Box2 textBox(const Piece& p) {
-    std::size_t longest = 0, lines = 1, current = 0;
-    for (char c : p.text) {
-        if (c == '\n') ++lines, current = 0;
-        else if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) longest = std::max(longest, ++current);
-    }
-    const double w = 0.7 * p.height * static_cast<double>(longest), h = p.height;
+    const TextExtent extent = textExtent(p.text);
+    const double w = kCharacterAdvance * p.height * static_cast<double>(extent.longest), h = p.height;
     const double c = std::cos(p.angle), s = std::sin(p.angle);
-    const double down = -1.6 * h * static_cast<double>(lines - 1);
+    const double down = -kLineSpacing * h * static_cast<double>(extent.lines - 1);
     Box2 box;
     for (Vec2 corner : {Vec2{0, down - 0.3 * h}, Vec2{w, down - 0.3 * h}, Vec2{0, h}, Vec2{w, h}})
         box.add(Vec2{p.points[0].x + corner.x * c - corner.y * s, p.points[0].y + corner.x * s + corner.y * c});

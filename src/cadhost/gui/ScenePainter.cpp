@@ -13,7 +13,8 @@ namespace {
 
 // The cap height of a text is about this part of the font's pixel size.
 constexpr double kCapHeight = 0.72;
-// Texts smaller than this many pixels are a dot; up to the next, a line where they stand.
+// Texts smaller than this many pixels every way are a dot; up to the next, a line where
+// each of their lines stands.
 constexpr double kTextDotPixels = 3, kTextLinePixels = 7;
 // Highlighted lines show dashed: gaps of the background cut into them. Fills and texts,
 // which gaps would not mark, get a dashed outline of this colour.
@@ -32,16 +33,6 @@ QColor shown(std::uint32_t rgb, bool faded, QColor background) {
     // A locked layer's entities blend halfway into the background.
     return QColor((color.red() + background.red()) / 2, (color.green() + background.green()) / 2,
                   (color.blue() + background.blue()) / 2);
-}
-
-// The longest line of a text in characters and how many lines it has.
-std::pair<std::size_t, std::size_t> textSize(const std::string& text) {
-    std::size_t longest = 0, lines = 1, current = 0;
-    for (char c : text) {
-        if (c == '\n') ++lines, current = 0;
-        else if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) longest = std::max(longest, ++current);
-    }
-    return {longest, lines};
 }
 
 struct Deferred {
@@ -189,21 +180,24 @@ private:
     void text(const Piece& p, QColor color, bool highlight) {
         const double pixels = p.height * view_.scale / kCapHeight;
         const double x = view_.x(p.points.front().x), y = view_.y(p.points.front().y);
-        if (pixels < kTextDotPixels) {
-            canvas_.dot(x, y);
-            return;
-        }
         if (pixels >= kTextLinePixels && !highlight) {
             texts.push_back({&p, color});
             return;
         }
+        const TextExtent extent = textExtent(p.text);
+        const double width = kCharacterAdvance * p.height * static_cast<double>(extent.longest) * view_.scale;
+        const double depth = kLineSpacing * p.height * view_.scale * static_cast<double>(extent.lines - 1);
+        // Only a text that is small every way is a dot: a paragraph of small lines still
+        // shows where its lines run.
+        if (pixels < kTextDotPixels && width < kTextDotPixels && depth < kTextDotPixels) {
+            canvas_.dot(x, y);
+            return;
+        }
         // Each line of the text as a stroke along its base line, as long as the text runs.
-        const auto [longest, lines] = textSize(p.text);
-        const double width = 0.7 * p.height * static_cast<double>(longest) * view_.scale;
         const double c = std::cos(p.angle), s = std::sin(p.angle);
         const double rise = highlight ? p.height * view_.scale * 0.5 : 0;
-        for (std::size_t i = 0; i < lines; ++i) {
-            const double down = 1.6 * p.height * view_.scale * static_cast<double>(i) - rise;
+        for (std::size_t i = 0; i < extent.lines; ++i) {
+            const double down = kLineSpacing * p.height * view_.scale * static_cast<double>(i) - rise;
             const double x0 = x - down * s, y0 = y + down * c;
             canvas_.restartDash();
             canvas_.line(x0, y0, x0 + width * c, y0 - width * s);
@@ -278,7 +272,7 @@ void paintText(QPainter& painter, const Piece& p, QColor color, const ViewTransf
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
     painter.setFont(font);
     const QStringList lines = QString::fromStdString(p.text).split('\n');
-    for (int i = 0; i < lines.size(); ++i) painter.drawText(QPointF(0, i * 1.6 * p.height * view.scale), lines[i]);
+    for (int i = 0; i < lines.size(); ++i) painter.drawText(QPointF(0, i * kLineSpacing * p.height * view.scale), lines[i]);
     painter.restore();
 }
 

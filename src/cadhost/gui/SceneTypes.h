@@ -51,6 +51,24 @@ struct Affine {
     bool mirrored() const { return a * d - b * c < 0; }
 };
 
+// A text's size without its font: a character advances about this many text heights, and
+// lines stand this many heights apart.
+constexpr double kCharacterAdvance = 0.7, kLineSpacing = 1.6;
+
+// The longest line of a text in characters and how many lines it has.
+struct TextExtent {
+    std::size_t longest = 0, lines = 1;
+};
+inline TextExtent textExtent(const std::string& text) {
+    TextExtent e;
+    std::size_t current = 0;
+    for (char c : text) {
+        if (c == '\n') ++e.lines, current = 0;
+        else if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) e.longest = std::max(e.longest, ++current);
+    }
+    return e;
+}
+
 // Where a piece's colour comes from: its layer's colour, or a colour of its own.
 struct PieceColor {
     bool byLayer = true;

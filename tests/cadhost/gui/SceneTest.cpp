@@ -35,6 +35,15 @@ TEST(EntityShapes, MTextCodesAreDroppedAndParagraphsBreak) {
     EXPECT_EQ(plainMText("a\\\\b\\{c\\}"), "a\\b{c}");
 }
 
+TEST(EntityShapes, MTextWrapsAtSpacesWithinItsWidth) {
+    EXPECT_EQ(wrapLines("one two three four", 9), "one two\nthree\nfour");
+    // Paragraph breaks start the count again; a word longer than the width stays whole.
+    EXPECT_EQ(wrapLines("ab cd\nefghijklmnop qr", 5), "ab cd\nefghijklmnop\nqr");
+    // Characters, not bytes, are counted.
+    EXPECT_EQ(wrapLines("ää öö üü", 5), "ää öö\nüü");
+    EXPECT_EQ(wrapLines("", 3), "");
+}
+
 TEST(EntityShapes, BlockContentsArePlacedScaledRotatedAndTakeTheReferenceLayerAndColor) {
     Drawing d;
     addLayer(d, "Walls", 1);
