@@ -14,7 +14,7 @@ std::optional<int> integerVariable(const char* name) {
 std::string textVariable(const char* name) {
     ResBuf rb;
     if (host().getVar(name, rb) != RTNORM || rb.restype != RTSTR) return {};
-    return rb.text;
+    return std::move(rb.text);
 }
 
 }  // namespace ardo

@@ -183,7 +183,12 @@ int Application::getVar(Document& document, const std::string& name, ResBuf& val
     // Nearly every layer call of a module reads CLAYER, which only a drawing holds: it is
     // given at once, without looking through the application's own names first.
     if (ardo::equalsNoCase(name, "CLAYER")) {
-        value = ResBuf::str(document.drawing().currentLayerName());
+        // Into the caller's buffer: no new string for the name.
+        value.restype = ardo::RTSTR;
+        value.text = document.drawing().currentLayerName();
+        value.integer = 0;
+        value.real = 0.0;
+        value.point = {};
         return ardo::RTNORM;
     }
     const std::string key = ardo::upperCase(name);

@@ -373,6 +373,8 @@ private:
     ardo::DbStatus storeCurrentColor(const ardo::ResBuf& value);
     ardo::DbStatus storeCurrentTab(const ardo::ResBuf& value);
     std::optional<std::string> currentTabName() const;
+    // TILEMODE 0: new entities go to the current layout's paper space.
+    bool paperSpaceShown() const;
     // Where a new entity goes: a block's index and the record it is put before (-1 and the
     // end of the ENTITIES section for model and the active paper space).
     std::pair<std::int32_t, RecordId> newEntityPlace() const;

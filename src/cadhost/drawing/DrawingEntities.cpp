@@ -170,7 +170,8 @@ std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given, c
     if (given.empty() || given.front().code != 0 || entitiesEnd_ == kNoRecord || !hasHandles()) return std::nullopt;
     const auto hasLayer = [&](const std::vector<EntityTag>& tags) {
         const auto layer = std::find_if(tags.begin(), tags.end(), [](const EntityTag& t) { return t.code == 8; });
-        return layer != tags.end() && findLayer(layer->value);
+        // The record is enough; decoding the layer would cost more than the entity.
+        return layer != tags.end() && findTableRecord("LAYER", layer->value);
     };
     if (!hasLayer(given)) return std::nullopt;
     for (const auto& part : parts)
@@ -179,8 +180,7 @@ std::optional<Handle> Drawing::makeEntity(const std::vector<EntityTag>& given, c
     // Tags that name the space (group 67) put it there, in the file's active paper space.
     const auto space = std::find_if(given.begin(), given.end(), [](const EntityTag& t) { return t.code == 67; });
     const bool spaceGiven = space != given.end();
-    const auto tilemode = getVar("TILEMODE");
-    const bool paper = spaceGiven ? toInteger(space->value) == 1 : tilemode && tilemode->integer == 0;
+    const bool paper = spaceGiven ? toInteger(space->value) == 1 : paperSpaceShown();
     const auto [block, before] = spaceGiven ? std::pair{std::int32_t{-1}, entitiesEnd_} : newEntityPlace();
     std::string owner;
     if (!isR12()) {

@@ -94,8 +94,7 @@ std::optional<Layout> Drawing::currentLayout() const {
 }
 
 std::optional<std::string> Drawing::currentTabName() const {
-    const auto tilemode = getVar("TILEMODE");
-    if (!tilemode || tilemode->integer != 0) return "Model";
+    if (!paperSpaceShown()) return "Model";
     const auto layout = currentLayout();
     return layout ? layout->name : std::string("Layout1");
 }
@@ -122,8 +121,7 @@ ardo::DbStatus Drawing::storeCurrentTab(const ardo::ResBuf& value) {
 }
 
 std::pair<std::int32_t, RecordId> Drawing::newEntityPlace() const {
-    const auto tilemode = getVar("TILEMODE");
-    if (currentLayoutBlock_.empty() || !tilemode || tilemode->integer != 0) return {-1, entitiesEnd_};
+    if (currentLayoutBlock_.empty() || !paperSpaceShown()) return {-1, entitiesEnd_};
     const auto it = blockByName_.find(foldName(currentLayoutBlock_));
     if (it == blockByName_.end()) return {-1, entitiesEnd_};
     const Block& block = blocks_[static_cast<std::size_t>(it->second)];

@@ -123,6 +123,12 @@ const std::string& Drawing::currentLayerName() const {
     return currentLayer_->name;
 }
 
+bool Drawing::paperSpaceShown() const {
+    // Straight from the header: every new entity asks, and getVar tries a dozen names first.
+    const auto tags = headerVar("$TILEMODE");
+    return tags && tags->size() > 1 && toGroupInteger((*tags)[1].code, (*tags)[1].value) == 0;
+}
+
 std::optional<ResBuf> Drawing::getVar(std::string_view name) const {
     if (ardo::equalsNoCase(name, "CLAYER")) return ResBuf::str(currentLayerName());
     const std::string key = foldName(name);

@@ -126,9 +126,17 @@ Value Interpreter::callLambda(const Lambda& lambda, const Args& args) {
 }
 
 Value Interpreter::callExternal(const External& ext, const Args& args) {
-    ardo::ResBufChain chain;
-    chain.reserve(args.size());
+    // Each depth of nested external calls keeps its argument chain's storage for the next
+    // call at that depth: most calls then allocate no chain.
+    if (externalDepth_ == argumentChains_.size()) argumentChains_.emplace_back();
+    ardo::ResBufChain& chain = argumentChains_[externalDepth_];
+    chain.clear();
     for (const Value& a : args) appendArgument(chain, a);
+    struct Depth {
+        std::size_t& depth;
+        explicit Depth(std::size_t& d) : depth(++d) {}
+        ~Depth() { --depth; }
+    } depth(externalDepth_);
     ardo::ResBufChain result;
     try {
         result = ext.fn(ext.code, chain);

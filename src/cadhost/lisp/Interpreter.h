@@ -114,6 +114,10 @@ private:
     std::int64_t nextSelectionId_ = 1;
     bool inErrorHandler_ = false;
     int catching_ = 0;   // vl-catch-all-apply calls under way
+    // Argument chains of external calls by nesting depth; a deque, so that a deeper call
+    // adding one leaves the chains of the calls under way where they are.
+    std::deque<ardo::ResBufChain> argumentChains_;
+    std::size_t externalDepth_ = 0;
 };
 
 }  // namespace cadhost::lisp

@@ -12,10 +12,10 @@ namespace cadhost::lisp {
 
 namespace {
 
-bool isDelimiter(char c) {
-    return std::isspace(static_cast<unsigned char>(c)) || c == '(' || c == ')' || c == '\'' || c == '"' ||
-           c == ';';
-}
+// The blanks of the C locale, tested inline: the reader asks this of every character.
+bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+bool isDelimiter(char c) { return isBlank(c) || c == '(' || c == ')' || c == '\'' || c == '"' || c == ';'; }
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -57,7 +57,7 @@ std::optional<Value> parseNumber(std::string_view t) {
 bool Reader::skipSpace() {
     while (pos_ < text_.size()) {
         const char c = text_[pos_];
-        if (std::isspace(static_cast<unsigned char>(c))) {
+        if (isBlank(c)) {
             ++pos_;
         } else if (c == ';') {
             if (pos_ + 1 < text_.size() && text_[pos_ + 1] == '|') {
@@ -105,8 +105,7 @@ Value Reader::readForm(int depth) {
 }
 
 Value Reader::readList(int depth) {
-    std::vector<Value> items;
-    Value tail;
+    ListBuilder list;
     for (;;) {
         if (!skipSpace()) malformedList();
         const char c = text_[pos_];
@@ -116,29 +115,29 @@ Value Reader::readList(int depth) {
         }
         if (c == '.' && (pos_ + 1 >= text_.size() || isDelimiter(text_[pos_ + 1]))) {
             ++pos_;
-            if (items.empty()) malformedList();
-            tail = readForm(depth);
+            if (list.empty()) malformedList();
+            list.endWith(readForm(depth));
             if (!skipSpace() || text_[pos_] != ')') malformedList();
             ++pos_;
             break;
         }
-        items.push_back(readForm(depth));
+        list.append(readForm(depth));
     }
-    Value list = std::move(tail);
-    for (auto it = items.rbegin(); it != items.rend(); ++it) list = Value::cons(std::move(*it), std::move(list));
-    return list;
+    return list.take();
 }
 
 Value Reader::readString() {
     ++pos_;  // opening quote
     std::string s;
     while (pos_ < text_.size()) {
+        // The text up to the next quote or escape is taken as it stands.
+        std::size_t plain = pos_;
+        while (plain < text_.size() && text_[plain] != '"' && text_[plain] != '\\') ++plain;
+        s.append(text_.substr(pos_, plain - pos_));
+        pos_ = plain;
+        if (pos_ >= text_.size()) break;
         const char c = text_[pos_++];
         if (c == '"') return Value::string(std::move(s));
-        if (c != '\\') {
-            s += c;
-            continue;
-        }
         if (pos_ >= text_.size()) break;
         const char e = text_[pos_++];
         switch (e) {

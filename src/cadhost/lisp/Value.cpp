@@ -82,10 +82,24 @@ Cons::~Cons() {
     draining = false;
 }
 
+void ListBuilder::append(Value item) {
+    Value cell = Value::cons(std::move(item), Value());
+    Cons* added = static_cast<Cons*>(cell.object().get());
+    if (last_)
+        last_->cdr = std::move(cell);
+    else
+        head_ = std::move(cell);
+    last_ = added;
+}
+
+void ListBuilder::endWith(Value tail) {
+    if (last_) last_->cdr = std::move(tail);
+}
+
 Value makeList(const std::vector<Value>& items) {
-    Value list;
-    for (auto it = items.rbegin(); it != items.rend(); ++it) list = Value::cons(*it, std::move(list));
-    return list;
+    ListBuilder list;
+    for (const Value& item : items) list.append(item);
+    return list.take();
 }
 
 std::size_t listLength(const Value& list) {

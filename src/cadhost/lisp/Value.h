@@ -124,6 +124,20 @@ struct Lambda : Object {
     Symbol* name = nullptr;
 };
 
+// Builds a list front to back, one cell per item and no copy of the items on the way.
+class ListBuilder {
+public:
+    void append(Value item);
+    // Ends the list with a dotted tail instead of nil.
+    void endWith(Value tail);
+    bool empty() const { return head_.isNil(); }
+    Value take() { last_ = nullptr; return std::move(head_); }
+
+private:
+    Value head_;
+    Cons* last_ = nullptr;   // the cell whose cdr the next item goes to; the list is not shared yet
+};
+
 // Builds a proper list from values, in order.
 Value makeList(const std::vector<Value>& items);
 // Number of elements of a proper list; dotted tails are not counted.

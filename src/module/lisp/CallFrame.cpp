@@ -1,11 +1,15 @@
 #include "module/lisp/CallFrame.h"
 
+#include <algorithm>
+
 #include "module/HostBinding.h"
 #include "messages/MessageFile.h"
 
 namespace ardo {
 
 CallFrame::CallFrame() : chain_((host().retNil(), host().getArgs())) {
+    flat_ = std::none_of(chain_.begin(), chain_.end(), [](const ResBuf& node) { return node.restype == RTLB; });
+    if (flat_) return;
     args_.reserve(chain_.size());
     for (size_t i = 0; i < chain_.size();) {
         size_t start = i;
@@ -42,13 +46,13 @@ bool CallFrame::check(std::initializer_list<ArgDecl> declaration, ExtraArgs extr
     size_t required = 0;
     for (const auto& d : declaration)
         if (d.presence == Presence::Required) ++required;
-    if (args_.size() < required || (extra == ExtraArgs::Reject && args_.size() > declaration.size())) {
+    if (count() < required || (extra == ExtraArgs::Reject && count() > declaration.size())) {
         report("BadNumOfArg");
         return false;
     }
     size_t i = 0;
     for (const auto& d : declaration) {
-        if (i >= args_.size()) break;
+        if (i >= count()) break;
         const bool ok = fits(d.kind, node(i));
         if (!ok && d.presence != Presence::OptionalLenient) {
             report("BadTypOfArg");
@@ -66,6 +70,7 @@ double CallFrame::number(size_t i) const {
 }
 
 std::span<const ResBuf> CallFrame::list(size_t i) const {
+    if (flat_) return std::span<const ResBuf>(chain_).subspan(i, 1);
     return std::span<const ResBuf>(chain_).subspan(args_[i].first, args_[i].second);
 }
 

@@ -45,10 +45,10 @@ public:
     bool check(std::initializer_list<ArgDecl> declaration, ExtraArgs extra = ExtraArgs::Ignore);
 
     // Top-level arguments; a list argument spans its brackets.
-    size_t count() const { return args_.size(); }
+    size_t count() const { return flat_ ? chain_.size() : args_.size(); }
     // True when argument i is there and (after check) of its declared kind.
     bool has(size_t i) const { return i < kMostDeclared && (usable_ >> i & 1u) != 0; }
-    const ResBuf& node(size_t i) const { return chain_[args_[i].first]; }
+    const ResBuf& node(size_t i) const { return chain_[flat_ ? i : args_[i].first]; }
     const std::string& text(size_t i) const { return node(i).text; }
     std::int64_t integer(size_t i) const { return node(i).integer; }
     double number(size_t i) const;
@@ -63,7 +63,9 @@ private:
     void report(const char* key) const;
 
     const ResBufChain& chain_;
-    std::vector<std::pair<size_t, size_t>> args_;  // first node, node count
+    // Most calls pass no list: then argument i is node i and nothing is kept beside the chain.
+    bool flat_ = true;
+    std::vector<std::pair<size_t, size_t>> args_;  // first node, node count; only when not flat
     // One bit per declared argument: no handler declares more than a few, and a frame is
     // made for every module call.
     static constexpr size_t kMostDeclared = 64;

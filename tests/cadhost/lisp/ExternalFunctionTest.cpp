@@ -1,3 +1,6 @@
+#include <string>
+#include <vector>
+
 #include "TestHost.h"
 
 namespace cadhost::lisp::test {
@@ -35,6 +38,25 @@ TEST_F(ExternalFunctions, ArgumentsArriveAsTheHostsChain) {
     EXPECT_EQ(lastArgs, expected);
     EXPECT_EQ(run("(kemb_newlayer)"), "nil");
     EXPECT_TRUE(lastArgs.empty());
+}
+
+// A function that runs LISP calling another external function, as module handlers do:
+// each call keeps its own arguments, before and after the inner call, also when it fails.
+TEST_F(ExternalFunctions, NestedCallsKeepTheirOwnArguments) {
+    std::vector<std::string> seen;
+    lisp.defineExternal("outer", 11, [&](int, const ResBufChain& args) {
+        seen.push_back(args.at(0).text);
+        lisp.evaluate("(kemb_newlayer \"inner\" 1 2)");
+        lisp.evaluate("(kemb_newlayer (/ 1 0))");
+        seen.push_back(args.at(0).text + "/" + std::to_string(args.size()));
+        return ResBufChain{ResBuf::str(args.at(0).text)};
+    });
+    reply = {ResBuf::marker(ardo::RTNIL)};
+    EXPECT_EQ(run("(outer \"first\" 7)"), "\"first\"");
+    EXPECT_EQ(lastArgs, (ResBufChain{ResBuf::str("inner"), ResBuf::shortInt(1), ResBuf::shortInt(2)}));
+    EXPECT_EQ(run("(list (outer \"second\") (kemb_newlayer \"after\"))"), "(\"second\" nil)");
+    EXPECT_EQ(lastArgs, ResBufChain{ResBuf::str("after")});
+    EXPECT_EQ(seen, (std::vector<std::string>{"first", "first/2", "second", "second/1"}));
 }
 
 TEST_F(ExternalFunctions, ResultChainsBecomeLispValues) {

@@ -33,6 +33,8 @@ TEST(LispReader, ReadsStringsWithEscapes) {
     EXPECT_EQ(reader.next()->asString(), std::string("a\\b\"c\n\r\t\x1b" "A\ax"));
     EXPECT_EQ(reader.next()->asString(), "ä");
     EXPECT_FALSE(reader.next());
+    EXPECT_EQ(readPrinted(R"("" "plain" "\\" "x\"y\"z")"), R"(""|"plain"|"\\"|"x\"y\"z")");
+    EXPECT_EQ(readPrinted(R"("ab\)"), "ERR:malformed string on input");
 }
 
 TEST(LispReader, SymbolsAreCaseInsensitiveAndInterned) {
