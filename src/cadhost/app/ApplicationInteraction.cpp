@@ -8,7 +8,8 @@ namespace cadhost {
 
 int Application::redraw(std::int64_t entity, int mode) {
     if (mode < 1 || mode > 4 || !current_ || entity <= 0) return ardo::RTERROR;
-    if (!current_->drawing().entity(static_cast<Handle>(entity))) return ardo::RTERROR;
+    // A blink phase asks this for every entity it shows: a look-up, not a read of its tags.
+    if (!current_->drawing().hasEntity(static_cast<Handle>(entity))) return ardo::RTERROR;
     ui_.redrawEntity(entity, mode);
     return ardo::RTNORM;
 }

@@ -60,9 +60,10 @@ int Application::ssFree(std::int64_t set) {
 }
 
 int Application::entityType(std::int64_t entity, std::string& type) {
-    const auto info = current_ ? current_->drawing().entity(static_cast<Handle>(entity)) : std::nullopt;
-    if (!info) return ardo::RTERROR;
-    type = info->type;
+    // Only the type is asked: its tag is read, not the entity's layer and space.
+    const std::string_view found = current_ ? current_->drawing().entityType(static_cast<Handle>(entity)) : "";
+    if (found.empty()) return ardo::RTERROR;
+    type = found;
     return ardo::RTNORM;
 }
 

@@ -206,6 +206,9 @@ public:
     std::optional<EntityInfo> entity(Handle handle) const;
     // The drawing has the entity (not erased); reads none of its data.
     bool hasEntity(Handle handle) const { return findEntity(handle) != nullptr; }
+    // The entity's type ("LINE", ...) as in the file, without reading its other tags; empty
+    // when there is none.
+    std::string_view entityType(Handle handle) const;
     // The entity's own tags as in the file (extended data included), decoded to UTF-8.
     std::vector<EntityTag> entityTags(Handle handle) const;
     // The entity list as entget returns it: (-1 . name) first, points joined, values typed

@@ -59,6 +59,11 @@ std::optional<EntityInfo> Drawing::entity(Handle handle) const {
     return info;
 }
 
+std::string_view Drawing::entityType(Handle handle) const {
+    const Entity* e = findEntity(handle);
+    return e ? doc_.type(e->record) : std::string_view{};
+}
+
 std::optional<std::string> Drawing::layerOfEntity(std::int64_t id) const {
     if (id <= 0) return std::nullopt;
     const std::optional<EntityInfo> info = entity(static_cast<Handle>(id));

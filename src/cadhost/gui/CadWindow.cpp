@@ -620,9 +620,7 @@ void CadWindow::redrawEntity(std::int64_t entity, int mode) {
     case 1: scene.setLook(h, Look::Normal); break;
     case 2: scene.setLook(h, Look::Hidden); break;
     case 3: scene.setLook(h, Look::Highlighted); break;
-    case 4:
-        if (scene.look(h) == Look::Highlighted) scene.setLook(h, Look::Normal);
-        break;
+    case 4: scene.unhighlight(h); break;
     default: return;
     }
     // Many entities change in one go: the view paints them once, when the caller is done.

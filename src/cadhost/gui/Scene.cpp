@@ -229,8 +229,8 @@ void Scene::visitHighlighted(const Box2& area, const std::function<void(const Sc
 }
 
 const SceneItem* Scene::item(Handle entity) const {
-    const auto it = itemByHandle_.find(entity);
-    return it == itemByHandle_.end() ? nullptr : &items_[it->second];
+    const std::uint32_t* index = itemByHandle_.find(entity);
+    return index ? &items_[*index] : nullptr;
 }
 
 std::optional<double> Scene::distance(const SceneItem& item, Vec2 at, double limit) const {
@@ -294,11 +294,15 @@ std::vector<Handle> Scene::select(const Box2& area, bool crossing) const {
 }
 
 bool Scene::setLook(Handle entity, Look look) {
-    const auto it = itemByHandle_.find(entity);
-    if (it == itemByHandle_.end()) return false;
-    const std::uint32_t i = it->second;
+    const std::uint32_t* index = itemByHandle_.find(entity);
+    if (!index) return false;
+    setLookAt(*index, look);
+    return true;
+}
+
+void Scene::setLookAt(std::uint32_t i, Look look) {
     const Look old = looks_[i];
-    if (old == look) return true;
+    if (old == look) return;
     looks_[i] = look;
     if (old == Look::Hidden || look == Look::Hidden) {
         ++revision_;
@@ -309,12 +313,16 @@ bool Scene::setLook(Handle entity, Look look) {
         listed_[i] = true;
         highlighted_.push_back(i);
     }
-    return true;
+}
+
+void Scene::unhighlight(Handle entity) {
+    if (const std::uint32_t* index = itemByHandle_.find(entity); index && looks_[*index] == Look::Highlighted)
+        setLookAt(*index, Look::Normal);
 }
 
 Look Scene::look(Handle entity) const {
-    const auto it = itemByHandle_.find(entity);
-    return it == itemByHandle_.end() ? Look::Normal : looks_[it->second];
+    const std::uint32_t* index = itemByHandle_.find(entity);
+    return index ? looks_[*index] : Look::Normal;
 }
 
 void Scene::clearLooks() {
@@ -341,9 +349,10 @@ void Scene::entityChanged(Change change, std::uint64_t handle) {
     if (info && info->space == Space::Block && !own && !layoutBlock) {
         // A block's contents changed: every reference may look different.
         rebuild();
-    } else if (const auto it = itemByHandle_.find(handle); it != itemByHandle_.end()) {
-        items_[it->second] = own ? itemOf(handle) : SceneItem{handle, {}, {}};
-        place(it->second);
+    } else if (const std::uint32_t* index = itemByHandle_.find(handle)) {
+        const std::uint32_t at = *index;
+        items_[at] = own ? itemOf(handle) : SceneItem{handle, {}, {}};
+        place(at);
     } else if (own) {
         SceneItem item = itemOf(handle);
         const auto index = static_cast<std::uint32_t>(items_.size());

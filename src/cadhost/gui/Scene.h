@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "cadhost/drawing/Drawing.h"
+#include "cadhost/drawing/HandleIndex.h"
 #include "cadhost/gui/GridIndex.h"
 #include "cadhost/gui/SceneTypes.h"
 
@@ -81,6 +82,8 @@ public:
     // Sets one entity's look; false for an entity this scene does not show.
     bool setLook(Handle entity, Look look);
     Look look(Handle entity) const;
+    // A highlighted entity back to normal; a hidden one stays hidden.
+    void unhighlight(Handle entity);
     // Every entity back to normal (the next full redraw).
     void clearLooks();
 
@@ -97,6 +100,7 @@ private:
     const std::vector<double>& pattern(const std::string& linetype);
     SceneItem itemOf(Handle handle);
     void place(std::uint32_t index);
+    void setLookAt(std::uint32_t index, Look look);
     bool itemShown(const SceneItem& item) const;
     // Distance from `at` to the item's nearest piece; nothing beyond `limit`.
     std::optional<double> distance(const SceneItem& item, Vec2 at, double limit) const;
@@ -115,7 +119,8 @@ private:
     int defaultLineweight_ = 25;
     std::vector<SceneItem> items_;
     std::vector<Look> looks_;
-    std::unordered_map<Handle, std::uint32_t> itemByHandle_;
+    // One array, no node per entity: a blink phase looks up every entity it shows.
+    HandleIndex<std::uint32_t> itemByHandle_;
     // Items that were highlighted since the list was last tidied; `listed_` keeps each once.
     mutable std::vector<std::uint32_t> highlighted_;
     mutable std::vector<bool> listed_;

@@ -186,6 +186,30 @@ TEST_F(SceneTest, LooksHideAndHighlightUntilCleared) {
     EXPECT_EQ(scene.pick({5, 0}, 0.5), left);
 }
 
+// A blink phase unhighlights what it highlighted, and no more; entities erased or moved
+// between phases are drawn as they now are, never from the geometry they had.
+TEST_F(SceneTest, UnhighlightLeavesHiddenEntitiesAndHighlightsFollowEdits) {
+    Scene scene(drawing, Space::Model);
+    ASSERT_TRUE(scene.setLook(left, Look::Hidden));
+    ASSERT_TRUE(scene.setLook(right, Look::Highlighted));
+    ASSERT_TRUE(scene.setLook(diagonal, Look::Highlighted));
+    scene.unhighlight(left);
+    scene.unhighlight(999999);
+    EXPECT_EQ(scene.look(left), Look::Hidden);
+
+    ASSERT_EQ(drawing.eraseEntity(right), ardo::DbStatus::Ok);
+    ASSERT_EQ(drawing.modifyEntity(diagonal, {{0, "LINE"}, {8, "A"}, {10, "100"}, {20, "100"}, {11, "110"}, {21, "100"}}),
+              ardo::DbStatus::Ok);
+    std::vector<std::pair<Handle, double>> highlighted;
+    scene.visitHighlighted(Box2{-1000, -1000, 1000, 1000},
+                           [&](const SceneItem& item) { highlighted.push_back({item.handle, item.box.x0}); });
+    EXPECT_EQ(highlighted, (std::vector<std::pair<Handle, double>>{{diagonal, 100}}));
+    scene.unhighlight(diagonal);
+    scene.unhighlight(right);
+    EXPECT_EQ(scene.look(diagonal), Look::Normal);
+    EXPECT_EQ(scene.look(right), Look::Normal);
+}
+
 TEST(SceneHatch, SolidHatchIsPickedInsideButNotInItsHole) {
     Drawing d;
     std::vector<EntityTag> tags{{0, "HATCH"}, {8, "0"}, {10, "0"}, {20, "0"}, {30, "0"}, {2, "SOLID"}, {70, "1"},
