@@ -198,7 +198,8 @@ private:
         const double rise = highlight ? p.height * view_.scale * 0.5 : 0;
         for (std::size_t i = 0; i < extent.lines; ++i) {
             const double down = kLineSpacing * p.height * view_.scale * static_cast<double>(i) - rise;
-            const double x0 = x - down * s, y0 = y + down * c;
+            // Down the text on screen: (sin, cos), as the screen's y grows downwards.
+            const double x0 = x + down * s, y0 = y + down * c;
             canvas_.restartDash();
             canvas_.line(x0, y0, x0 + width * c, y0 - width * s);
         }

@@ -163,6 +163,32 @@ TEST_F(Painting, HighlightsAreLaidOverAndTakenAwayAgain) {
 }
 
 // Hatches written by other programs: every one is filled or patterned, and the picture shows it.
+// A small turned paragraph shows as one stroke per line, each further along the text's own
+// "down": for a text running up the screen, to the right of the one before.
+TEST(SmallText, LinesOfATurnedParagraphStackAcrossItsDirection) {
+    app();
+    Drawing drawing;
+    ASSERT_TRUE(drawing.makeEntity({{0, "LINE"}, {8, "0"}, {10, "-100"}, {20, "-100"}, {11, "100"}, {21, "100"}}));
+    ASSERT_TRUE(drawing.makeEntity({{0, "MTEXT"}, {8, "0"}, {62, "3"}, {10, "0"}, {20, "0"}, {40, "3"},
+                                    {11, "0"}, {21, "1"}, {1, "aaaaaaaa\\Pbbbbbbbb\\Pcccccccc"}}));
+    DrawingView view(drawing, Space::Model);
+    view.resize(400, 300);
+    view.zoomExtents();
+    QImage image(view.size(), QImage::Format_RGB32);
+    view.render(&image);
+    const double insertion = view.toScreen({0, 0}).x();
+    const double thirdLine = view.toScreen({3 + 2 * 1.6 * 3, 0}).x();
+    int left = 0, across = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            if ((image.pixel(x, y) & 0xFFFFFF) != 0x00FF00) continue;
+            left += x < insertion - 2;
+            across += std::abs(x - thirdLine) < 2;
+        }
+    EXPECT_EQ(left, 0) << "no line stands before the insertion point";
+    EXPECT_GT(across, 10) << "the third line stands two line spacings across";
+}
+
 TEST(CorpusHatches, EveryHatchIsFilledOrPatterned) {
     app();
     const std::filesystem::path corpus = std::filesystem::path(ARDO_SOURCE_DIR) / ".." / "shared" / "dxf-corpus";
